@@ -1,0 +1,39 @@
+# One static library per source folder; the link graph is what keeps the
+# layers apart, so every folder names the libraries of ours it may use.
+
+function(qpt_warnings target)
+  target_compile_options(${target} PRIVATE -Wall -Wextra -Werror)
+endfunction()
+
+# qpt_folder_library(<name> [LINK libs...])
+# Every .cpp and .h below the current folder belongs to the library, so a new
+# file needs no edit here.
+function(qpt_folder_library name)
+  cmake_parse_arguments(A "" "" "LINK" ${ARGN})
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS
+       ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+  # main.cpp is the entry of an executable, never part of a library.
+  list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
+  if(NOT sources)
+    add_library(${name} INTERFACE)
+    target_link_libraries(${name} INTERFACE ${A_LINK})
+    return()
+  endif()
+  add_library(${name} STATIC ${sources})
+  set_target_properties(${name} PROPERTIES AUTOMOC ON POSITION_INDEPENDENT_CODE ON)
+  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR})
+  target_link_libraries(${name} PUBLIC ${A_LINK})
+  qpt_warnings(${name})
+endfunction()
+
+# qpt_program(<name> SOURCES ... LINK ... [DESTINATION dir])
+function(qpt_program name)
+  cmake_parse_arguments(A "" "DESTINATION" "SOURCES;LINK" ${ARGN})
+  add_executable(${name} ${A_SOURCES})
+  set_target_properties(${name} PROPERTIES AUTOMOC ON)
+  if(A_DESTINATION)
+    set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${A_DESTINATION})
+  endif()
+  target_link_libraries(${name} PRIVATE ${A_LINK})
+  qpt_warnings(${name})
+endfunction()
