@@ -2,6 +2,8 @@
 
 namespace qpt {
 
-int RunProcess(int, char**) { return 0; }
+int RunProcess(int, char**) {
+    return 0;
+}
 
 }  // namespace qpt

@@ -1,3 +1,5 @@
 #include "app/ProcessEntry.h"
 
-int main(int argc, char** argv) { return qpt::RunProcess(argc, argv); }
+int main(int argc, char** argv) {
+    return qpt::RunProcess(argc, argv);
+}

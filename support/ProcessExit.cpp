@@ -12,6 +12,8 @@ void ProcessExit(int code) {
     std::_Exit(code);
 }
 
-void SetProcessExitObserver(ProcessExitObserver observer) { g_observer = observer; }
+void SetProcessExitObserver(ProcessExitObserver observer) {
+    g_observer = observer;
+}
 
 }  // namespace qpt

@@ -6,6 +6,8 @@
 #include <optional>
 #include <string>
 
+#include "tests/common/QtPrinters.h"
+
 namespace qpt::testing {
 
 // A throw-away home for one test: HOME, the XDG folders and the runtime

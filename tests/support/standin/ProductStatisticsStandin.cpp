@@ -45,8 +45,8 @@ void SetStatParam(const char16_t* product, const char16_t* version, const char16
            " " + ToUtf8(url));
 }
 
-int32_t DoStatistic(const char16_t* product, const char16_t* code, int32_t value, int32_t,
-                    int32_t, int32_t) {
+int32_t DoStatistic(const char16_t* product, const char16_t* code, int32_t value, int32_t, int32_t,
+                    int32_t) {
     Append("DoStatistic " + ToUtf8(product) + " " + ToUtf8(code) + " " + std::to_string(value));
     return 1;
 }
