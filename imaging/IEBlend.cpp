@@ -1,0 +1,139 @@
+#include "imaging/IEBlend.h"
+
+#include <algorithm>
+#include <cstring>
+
+#if defined(__x86_64__)
+#include <immintrin.h>
+#endif
+
+namespace qpt {
+
+namespace blend_detail {
+
+void BlendPremulRowScalar(uint8_t* dst, const uint8_t* src, int n, int k) {
+    for (int i = 0; i < n; ++i, dst += 3, src += 4) {
+        uint32_t pixel;
+        std::memcpy(&pixel, src, 4);
+        if (pixel == 0) continue;
+        uint32_t c[4] = {src[0], src[1], src[2], src[3]};
+        if (k != 255)
+            for (uint32_t& v : c)
+                v = IEDiv255(v * uint32_t(k));
+        const uint32_t inv = 255 - c[3];
+        for (int ch = 0; ch < 3; ++ch) {
+            uint32_t v = c[ch] + IEDiv255(dst[ch] * inv);
+            dst[ch] = uint8_t(v > 255 ? 255 : v);
+        }
+    }
+}
+
+#if defined(__x86_64__)
+
+namespace {
+
+__attribute__((target("avx2"))) inline __m256i Div255(__m256i x) {
+    const __m256i r = _mm256_add_epi16(x, _mm256_set1_epi16(128));
+    return _mm256_srli_epi16(_mm256_add_epi16(r, _mm256_srli_epi16(r, 8)), 8);
+}
+
+// c + div255(d * (255 - alpha)) for two pixels of four 16-bit channels per lane.
+__attribute__((target("avx2"))) inline __m256i Over16(__m256i c, __m256i d, __m256i k) {
+    if (!_mm256_testz_si256(k, k)) c = Div255(_mm256_mullo_epi16(c, k));
+    __m256i alpha = _mm256_shufflehi_epi16(_mm256_shufflelo_epi16(c, 0xFF), 0xFF);
+    __m256i inv = _mm256_sub_epi16(_mm256_set1_epi16(255), alpha);
+    return _mm256_add_epi16(c, Div255(_mm256_mullo_epi16(d, inv)));
+}
+
+}  // namespace
+
+// Eight pixels per step: each 128-bit lane holds four B, G, R triples that a
+// byte shuffle widens to B, G, R, 0 and narrows back.
+__attribute__((target("avx2"))) void BlendPremulRowVector(uint8_t* dst, const uint8_t* src, int n,
+                                                          int k) {
+    const __m256i widen = _mm256_setr_epi8(0, 1, 2, -1, 3, 4, 5, -1, 6, 7, 8, -1, 9, 10, 11, -1, 0,
+                                           1, 2, -1, 3, 4, 5, -1, 6, 7, 8, -1, 9, 10, 11, -1);
+    const __m256i narrow = _mm256_setr_epi8(0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, -1, -1, -1, -1,
+                                            0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, -1, -1, -1, -1);
+    const __m128i keepTail = _mm_setr_epi32(0, 0, 0, -1);
+    const __m256i zero = _mm256_setzero_si256();
+    // A zero factor means "no scaling" to Over16, which tests it once per step.
+    const __m256i kk = k == 255 ? zero : _mm256_set1_epi16(int16_t(k));
+    int i = 0;
+    // Each step reads and writes 28 bytes of dst: stop while 10 pixels remain.
+    for (; i + 10 <= n; i += 8) {
+        const __m256i s = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(src + 4 * i));
+        if (_mm256_testz_si256(s, s)) continue;
+        uint8_t* d = dst + 3 * i;
+        const __m128i lo = _mm_loadu_si128(reinterpret_cast<const __m128i*>(d));
+        const __m128i hi = _mm_loadu_si128(reinterpret_cast<const __m128i*>(d + 12));
+        const __m256i dw = _mm256_shuffle_epi8(_mm256_set_m128i(hi, lo), widen);
+        const __m256i r0 =
+            Over16(_mm256_unpacklo_epi8(s, zero), _mm256_unpacklo_epi8(dw, zero), kk);
+        const __m256i r1 =
+            Over16(_mm256_unpackhi_epi8(s, zero), _mm256_unpackhi_epi8(dw, zero), kk);
+        const __m256i packed = _mm256_shuffle_epi8(_mm256_packus_epi16(r0, r1), narrow);
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(d), _mm256_castsi256_si128(packed));
+        const __m128i upper =
+            _mm_or_si128(_mm256_extracti128_si256(packed, 1), _mm_and_si128(hi, keepTail));
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(d + 12), upper);
+    }
+    BlendPremulRowScalar(dst + 3 * i, src + 4 * i, n - i, k);
+}
+
+bool HasVectorKernel() {
+    static const bool has = __builtin_cpu_supports("avx2");
+    return has;
+}
+
+#else
+
+void BlendPremulRowVector(uint8_t* dst, const uint8_t* src, int n, int k) {
+    BlendPremulRowScalar(dst, src, n, k);
+}
+bool HasVectorKernel() {
+    return false;
+}
+
+#endif
+
+}  // namespace blend_detail
+
+void IEBlendPremulRow(uint8_t* dst, const uint8_t* src, int n, int k) {
+    if (k <= 0 || n <= 0) return;
+    if (k > 255) k = 255;
+    if (blend_detail::HasVectorKernel())
+        blend_detail::BlendPremulRowVector(dst, src, n, k);
+    else
+        blend_detail::BlendPremulRowScalar(dst, src, n, k);
+}
+
+void IEBlendAlphaRow(uint8_t* dst, const uint8_t* src, const uint8_t* alpha, int n, int k) {
+    if (k <= 0 || n <= 0) return;
+    if (k > 255) k = 255;
+    if (!alpha && k == 255) {
+        std::memcpy(dst, src, size_t(n) * 3);
+        return;
+    }
+    for (int i = 0; i < n; ++i, dst += 3, src += 3) {
+        const uint32_t a = alpha ? IEDiv255(uint32_t(alpha[i]) * uint32_t(k)) : uint32_t(k);
+        for (int ch = 0; ch < 3; ++ch)
+            dst[ch] = uint8_t(IEDiv255(src[ch] * a + dst[ch] * (255 - a)));
+    }
+}
+
+void IEHalveScale32(const TIEBitmap& src, TIEBitmap& dst) {
+    const int w = std::min(dst.Width(), src.Width() / 2);
+    const int h = std::min(dst.Height(), src.Height() / 2);
+    for (int y = 0; y < h; ++y) {
+        const uint8_t* a = src.Scanline(2 * y);
+        const uint8_t* b = src.Scanline(2 * y + 1);
+        uint8_t* d = dst.Scanline(y);
+        for (int x = 0; x < w * 4; ++x) {
+            const int col = (x >> 2) * 8 + (x & 3);
+            d[x] = uint8_t((a[col] + a[col + 4] + b[col] + b[col + 4] + 2) >> 2);
+        }
+    }
+}
+
+}  // namespace qpt

@@ -1,0 +1,97 @@
+#pragma once
+
+#include <cstdint>
+
+namespace qpt {
+
+// A colour in the layout 0x00BBGGRR.
+using TColor = uint32_t;
+inline constexpr TColor clNone = 0x1FFFFFFF;
+inline constexpr TColor clBlack = 0x000000;
+inline constexpr TColor clWhite = 0xFFFFFF;
+inline constexpr TColor clRed = 0x0000FF;
+
+inline constexpr uint8_t ColorR(TColor c) {
+    return uint8_t(c & 0xFF);
+}
+inline constexpr uint8_t ColorG(TColor c) {
+    return uint8_t((c >> 8) & 0xFF);
+}
+inline constexpr uint8_t ColorB(TColor c) {
+    return uint8_t((c >> 16) & 0xFF);
+}
+
+enum TIELayerKind : uint8_t {
+    ielkImage = 0,
+    ielkShape = 1,
+    ielkLine = 2,
+    ielkPolyline = 3,
+    ielkText = 4,
+    ielkAngle = 5,
+};
+inline constexpr int IELayerKindCount = 6;
+
+// Only these four are set by the application; the rest of the outline table
+// is never shown and is not carried.
+enum TIEShape : uint8_t {
+    iesArrow = 0,
+    iesLine = 1,
+    iesEllipse = 2,
+    iesRectangle = 6,
+    iesRoundRect = 7,
+};
+
+enum TIELayerEvent : uint8_t {
+    ielSelected,
+    ielMoved,
+    ielResized,
+    ielMoving,
+    ielResizing,
+    ielRotating,
+    ielRotated,
+    ielBeginResizing,
+    ielBeginRotating,
+    ielBeginMoving,
+    ielDeselected,
+    ielEdited,
+    ielBeginCreating,
+    ielCreating,
+    ielCreated,
+    ielAction,
+    ielLeftClicked,
+    ielRightClicked,
+    ielDblClicked,
+    ielMouseOver,
+    ielEditedPoints,
+    ielAddedPoint,
+    ielMovedPoint,
+    ielArranged,
+    ielBeforeRemove,
+    ielRemoved,
+    ielEditedProps,
+    ielTextEditorClick,
+    ielTextEditorChange,
+};
+
+enum TResampleFilter : uint8_t {
+    rfNone,
+    rfTriangle,
+    rfHermite,
+    rfBell,
+    rfBSpline,
+    rfLanczos3,
+    rfMitchell,
+    rfNearest,
+    rfLinear,
+    rfFastLinear,
+    rfBilinear,
+    rfBicubic,
+    rfProjectBW,
+    rfProjectWB,
+    rfWICNearestNeighbor,
+    rfWICLinear,
+    rfWICCubic,
+    rfWICFant,
+};
+
+}  // namespace qpt

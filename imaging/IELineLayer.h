@@ -1,0 +1,34 @@
+#pragma once
+
+#include "imaging/IELayer.h"
+
+namespace qpt {
+
+// A straight line between two points given as fractions of the layer box.
+class TIELineLayer : public TIELayer {
+public:
+    explicit TIELineLayer(TIELayerList* owner);
+
+    TColor LineColor = clBlack;
+    int32_t LineWidth = 1;
+    TColor LineFillColor = clWhite;
+    uint8_t LineStartShape = 0;  // none
+    uint8_t LineEndShape = 0;    // none
+    int32_t LineShapeSize = 20;
+    TIEFont LabelFont;
+    QString LabelText;
+    int32_t LabelPosition = 2;
+    int32_t LabelAlignment = 6;
+    double LineLength = 0;
+    QPointF LineStart{0, 0};  // fractions of Width and Height
+    QPointF LineEnd{1, 1};
+
+    // Places the box around two bitmap points, leaving room for the pen.
+    void SetEndPoints(QPointF from, QPointF to);
+
+    void PaintToBitmap(TIEBitmap& dest, int width, int height) override;
+    void SaveToStream(QDataStream& out, bool withPixels) const override;
+    void LoadFromStream(QDataStream& in) override;
+};
+
+}  // namespace qpt

@@ -1,0 +1,156 @@
+#include "imaging/IEViewCompositor.h"
+
+#include <QPainter>
+#include <cmath>
+#include <cstring>
+
+#include "imaging/IEBlend.h"
+#include "imaging/IECanvas.h"
+#include "imaging/IEImageCompose.h"
+#include "imaging/IEImageLayer.h"
+#include "imaging/IELayerList.h"
+
+namespace qpt {
+
+QRect TIEViewCompositor::LayerRect(const TIELayer& layer) const {
+    const int left = Mapping.XBmp2Scr(int(std::lround(layer.PosX)));
+    const int top = Mapping.YBmp2Scr(int(std::lround(layer.PosY)));
+    const int right = Mapping.XBmp2Scr(int(std::lround(layer.PosX + layer.Width)));
+    const int bottom = Mapping.YBmp2Scr(int(std::lround(layer.PosY + layer.Height)));
+    int dw = int(std::lround(layer.Width * Mapping.ZoomD100X()));
+    int dh = int(std::lround(layer.Height * Mapping.ZoomD100Y()));
+    if (std::abs(dw - (right - left)) == 1) dw = right - left;
+    if (std::abs(dh - (bottom - top)) == 1) dh = bottom - top;
+    return QRect(left, top, dw, dh);
+}
+
+bool TIEViewCompositor::Drawn(TIELayerList& layers, int index) const {
+    TIELayer& layer = *layers.GetLayer(index);
+    if (!layer.Visible || index == EditingLayer) return false;
+    const TIEBitmap* picture = layer.Kind() == ielkImage ? layer.Bitmap() : nullptr;
+    return !picture || picture->Width() >= 2 || picture->Height() >= 2;
+}
+
+std::vector<TIEViewCompositor::Shown> TIEViewCompositor::Snapshot(TIELayerList& layers) const {
+    std::vector<Shown> shown;
+    for (int i = 0; i < layers.LayersCount(); ++i) {
+        TIELayer& layer = *layers.GetLayer(i);
+        layer.ApplyChanges();
+        QRect rect = LayerRect(layer);
+        layer.ClientRect = rect;
+        const bool framed = layer.Selected && layer.VisibleBox;
+        const bool grips = ShowGrips && i == layers.LayersCurrent() && layer.Selectable;
+        if (framed || grips)
+            rect.adjust(-kGripRadius - 1, -kGripRadius - 1, kGripRadius + 2, kGripRadius + 2);
+        shown.push_back({&layer, rect, Drawn(layers, i), layer.ContentGeneration(),
+                         IELayerOpacity(layer.Opacity, layer.Transparency) + (grips ? 256 : 0)});
+    }
+    return shown;
+}
+
+QRegion TIEViewCompositor::Compose(TIELayerList& layers) {
+    const int w = Mapping.ClientWidth(), h = Mapping.ClientHeight();
+    const QRect client(0, 0, w, h);
+    if (back_.Width() != w || back_.Height() != h || back_.PixelFormat() != ie24RGB) {
+        if (back_.Location() != ieMemory) back_.SetLocation(ieMemory);
+        if (w < 1 || h < 1 || !back_.Allocate(w, h, ie24RGB)) return {};
+        fullRedraw_ = true;
+    }
+    std::vector<Shown> now = Snapshot(layers);
+    QRegion damage;
+    if (fullRedraw_ || now.size() != shown_.size()) {
+        damage = client;
+    } else {
+        for (size_t i = 0; i < now.size(); ++i) {
+            if (now[i] == shown_[i]) continue;
+            if (now[i].layer != shown_[i].layer) {
+                damage = client;
+                break;
+            }
+            damage += now[i].rect;
+            damage += shown_[i].rect;
+        }
+        damage &= client;
+    }
+    for (const QRect& area : damage)
+        ComposeArea(layers, area);
+    shown_ = std::move(now);
+    fullRedraw_ = false;
+    layers.NeedsUpdate = false;
+    return damage;
+}
+
+void TIEViewCompositor::ComposeArea(TIELayerList& layers, const QRect& area) {
+    uint8_t bgr[3] = {ColorB(Background), ColorG(Background), ColorR(Background)};
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        uint8_t* row = back_.Scanline(y) + 3 * area.left();
+        for (int x = 0; x < area.width(); ++x)
+            std::memcpy(row + 3 * x, bgr, 3);
+    }
+    for (int i = 0; i < layers.LayersCount(); ++i)
+        if (Drawn(layers, i)) ComposeLayer(*layers.GetLayer(i), area);
+    DrawFrames(layers, area);
+}
+
+void TIEViewCompositor::ComposeLayer(TIELayer& layer, const QRect& area) {
+    const QRect rect = layer.ClientRect;
+    const QRect clip = rect & area;
+    if (clip.isEmpty()) return;
+    if (layer.Kind() == ielkImage) return ComposeImageLayer(layer, clip);
+    const TIEBitmap* cache = layer.CacheFor(rect.width(), rect.height());
+    if (!cache) return;
+    const int k = IELayerOpacity(layer.Opacity, layer.Transparency);
+    const int sx = clip.left() - rect.left(), sy = clip.top() - rect.top();
+    for (int y = 0; y < clip.height(); ++y)
+        IEBlendPremulRow(back_.Scanline(clip.top() + y) + 3 * clip.left(),
+                         cache->Scanline(sy + y) + 4 * sx, clip.width(), k);
+}
+
+// Screen pixels of an image layer sample the picture through the view's own
+// stretch, so that what is drawn matches the coordinate tables.
+void TIEViewCompositor::ComposeImageLayer(TIELayer& layer, const QRect& clip) {
+    const TIEBitmap& picture = *layer.Bitmap();
+    if (picture.Width() < 1 || layer.Width <= 0 || layer.Height <= 0) return;
+    const double fx = picture.Width() / layer.Width, fy = picture.Height() / layer.Height;
+    const int64_t px = int64_t(std::lround(layer.PosX)) << 16, py = int64_t(std::lround(layer.PosY))
+                                                                    << 16;
+    TIESampleTable xs(size_t(clip.width())), ys(size_t(clip.height()));
+    for (int i = 0; i < clip.width(); ++i)
+        xs[size_t(i)] = int64_t((Mapping.SourceX(clip.left() + i - Mapping.OffsetX()) - px) * fx);
+    for (int j = 0; j < clip.height(); ++j)
+        ys[size_t(j)] = int64_t((Mapping.SourceY(clip.top() + j - Mapping.OffsetY()) - py) * fy);
+    const bool stretched = Mapping.ZoomX() != 100 || Mapping.ZoomY() != 100 || fx != 1 || fy != 1;
+    const auto* image = static_cast<const TIEImageLayer*>(&layer);
+    const TResampleFilter filter = image->UseResampleFilter ? image->ResampleFilter : ZoomFilter;
+    const bool linear = stretched && filter != rfNone && filter != rfNearest;
+    IEComposeImage(picture, back_, clip.left(), clip.top(), xs, ys,
+                   IELayerOpacity(layer.Opacity, layer.Transparency), linear);
+}
+
+void TIEViewCompositor::DrawFrames(TIELayerList& layers, const QRect& area) {
+    QImage image = back_.WrapQImage();
+    if (image.isNull()) return;
+    QPainter painter(&image);
+    painter.setClipRect(area);
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    for (int i = 0; i < layers.LayersCount(); ++i) {
+        const TIELayer& layer = *layers.GetLayer(i);
+        const QRect r = layer.ClientRect;
+        if (layer.Selected && layer.VisibleBox && Drawn(layers, i)) {
+            painter.setPen(QPen(Qt::black, 1));
+            painter.setBrush(Qt::NoBrush);
+            painter.drawRect(QRectF(r).adjusted(-0.5, -0.5, 0.5, 0.5));
+        }
+        if (!(ShowGrips && i == layers.LayersCurrent() && layer.Selectable)) continue;
+        painter.setPen(QPen(IEQColor(0), 1));
+        painter.setBrush(IEQColor(0xBAFFFF));
+        const QPointF c = QRectF(r).center();
+        for (QPointF p : {QPointF(r.left(), r.top()), QPointF(c.x(), r.top()),
+                          QPointF(r.right() + 1, r.top()), QPointF(r.right() + 1, c.y()),
+                          QPointF(r.right() + 1, r.bottom() + 1), QPointF(c.x(), r.bottom() + 1),
+                          QPointF(r.left(), r.bottom() + 1), QPointF(r.left(), c.y())})
+            painter.drawEllipse(p, kGripRadius, kGripRadius);
+    }
+}
+
+}  // namespace qpt

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QRect>
+#include <QRegion>
+#include <vector>
+
+#include "imaging/IEBitmap.h"
+#include "imaging/IELayerTypes.h"
+#include "imaging/IEViewMapping.h"
+
+namespace qpt {
+
+class TIELayer;
+class TIELayerList;
+
+// Composes all visible layers into the view's ie24RGB back buffer. It keeps
+// what it drew last, so after a change only the area that differs is done
+// again; the buffer lives as long as the client size holds.
+class TIEViewCompositor {
+public:
+    TIEViewMapping Mapping;
+    TColor Background = clWhite;
+    TResampleFilter ZoomFilter = rfLinear;
+    int EditingLayer = -1;   // a layer under the text editor is not drawn
+    bool ShowGrips = false;  // the grip pass, on while a layer tool is armed
+
+    // Brings the back buffer up to date; returns the client area that changed.
+    QRegion Compose(TIELayerList& layers);
+    // The next Compose redraws everything.
+    void Invalidate() { fullRedraw_ = true; }
+    TIEBitmap& BackBuffer() { return back_; }
+
+    // The layer's place in client coordinates, through the mapping tables.
+    QRect LayerRect(const TIELayer& layer) const;
+
+    static constexpr int kGripRadius = 5;
+
+private:
+    struct Shown {
+        const TIELayer* layer;
+        QRect rect;  // including the frame and grips it carries
+        bool drawn;
+        uint64_t generation;
+        int opacity;
+        bool operator==(const Shown&) const = default;
+    };
+    std::vector<Shown> Snapshot(TIELayerList& layers) const;
+    bool Drawn(TIELayerList& layers, int index) const;
+    void ComposeArea(TIELayerList& layers, const QRect& area);
+    void ComposeLayer(TIELayer& layer, const QRect& area);
+    void ComposeImageLayer(TIELayer& layer, const QRect& clip);
+    void DrawFrames(TIELayerList& layers, const QRect& area);
+
+    TIEBitmap back_;
+    std::vector<Shown> shown_;
+    bool fullRedraw_ = true;
+};
+
+}  // namespace qpt
