@@ -17,7 +17,8 @@ QString WithoutExtension(const QString& path) {
 TRccPath TRccPath::Normalize(const QString& path) {
     TRccPath result;
     result.path = QString(path).replace(u'\\', u'/');
-    const QString stem = WithoutExtension(result.path);
+    result.stem = WithoutExtension(result.path);
+    const QString& stem = result.stem;
     const bool isRcc = QFileInfo(result.path).suffix().compare(u"rcc", Qt::CaseInsensitive) == 0;
     result.alt = stem + (isRcc ? QLatin1String(".dll") : QLatin1String(".rcc"));
     result.name = QFileInfo(stem).fileName().toLower();

@@ -9,6 +9,7 @@ namespace qpt {
 struct TRccPath {
     QString path;  // as given, with "/" delimiters
     QString alt;   // the same with the other extension (".rcc" unless it was ".rcc")
+    QString stem;  // the path without its extension: a loose package folder
     QString name;  // file name without folder and extension, lower case
 
     static TRccPath Normalize(const QString& path);

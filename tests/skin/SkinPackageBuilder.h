@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QByteArray>
+#include <QRgb>
+#include <QString>
+#include <map>
+
+namespace qpt::testing {
+
+// Packs the files (name inside the package -> bytes) into the Qt resource
+// file `folder` + `fileName` with the resource compiler; returns its path, or
+// an empty string when packing failed.
+QString BuildPackage(const QString& folder, const QString& fileName,
+                     const std::map<QString, QByteArray>& files);
+
+// A PNG file of one colour.
+QByteArray PngBytes(int width, int height, QRgb color);
+
+}  // namespace qpt::testing
