@@ -81,7 +81,6 @@ const TIEBitmap* TIELayer::CacheFor(int destWidth, int destHeight) {
     if (cache.Width() != destWidth || cache.Height() != destHeight) return nullptr;
     CacheValid = true;
     CachedAtFullSize = false;
-    ++generation_;
     return &cache;
 }
 

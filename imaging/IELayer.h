@@ -121,7 +121,8 @@ public:
     const TIEBitmap* CacheFor(int destWidth, int destHeight);
     // 2 when the last cache build was supersampled, else 1.
     int RenderScale() const { return renderScale_; }
-    // Changes whenever what the layer shows at its place may have changed.
+    // Changes whenever the layer's look was changed (Changed with a dropped
+    // cache, or a load); building the cache does not count.
     uint64_t ContentGeneration() const { return generation_; }
 
     virtual void SaveToStream(QDataStream& out, bool withPixels) const;

@@ -126,17 +126,24 @@ TEST(ShapeDrawing, SupersamplingStopsAtOneMillionPixels) {
 TEST(ShapeDrawing, CacheIsKeptUntilChangedOrResized) {
     TIELayerList list;
     TIELayer* shape = list.LayersAdd(ielkShape);
-    const TIEBitmap* first = shape->CacheFor(50, 50);
-    const uint64_t generation = shape->ContentGeneration();
-    EXPECT_EQ(shape->CacheFor(50, 50), first);
-    EXPECT_EQ(shape->ContentGeneration(), generation) << "a valid cache is not drawn again";
-    shape->CacheFor(60, 50);
-    EXPECT_NE(shape->ContentGeneration(), generation);
+    // A mark put on the cache survives exactly as long as the cache is reused.
+    auto mark = [&] { shape->CachedBitmap->Scanline(0)[0] = 77; };
+    auto marked = [&] { return shape->CachedBitmap->Scanline(0)[0] == 77; };
+    shape->CacheFor(50, 50);
+    mark();
+    shape->CacheFor(50, 50);
+    EXPECT_TRUE(marked()) << "a valid cache is not drawn again";
     EXPECT_EQ(shape->CacheFor(60, 50)->Width(), 60);
+    EXPECT_FALSE(marked());
+    mark();
     shape->Changed(false);  // a move keeps the cache
     EXPECT_TRUE(shape->CacheValid);
+    shape->CacheFor(60, 50);
+    EXPECT_TRUE(marked());
+    const uint64_t generation = shape->ContentGeneration();
     shape->SetFillColor(0x00FF00);
     EXPECT_FALSE(shape->CacheValid);
+    EXPECT_NE(shape->ContentGeneration(), generation);
     EXPECT_EQ(PixelAt(*shape->CacheFor(60, 50), 30, 25), 0x00FF00u);
 }
 
