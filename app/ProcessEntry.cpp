@@ -1,9 +1,44 @@
 #include "app/ProcessEntry.h"
 
+#include <QString>
+#include <exception>
+
+#include "app/CommandLine.h"
+#include "app/CrashReport.h"
+#include "app/FormSequence.h"
+#include "app/ModuleStartUp.h"
+#include "app/QptApplication.h"
+#include "support/Paths.h"
+#include "support/ProcessExit.h"
+
 namespace qpt {
 
-int RunProcess(int, char**) {
-    return 0;
+namespace {
+
+int RunEntry(int argc, char** argv) {
+    const QStringList arguments = ArgumentsOf(argc, argv);
+    SetBugReportVersion(GetHostVersion());
+    // Raised before anything else is looked at, so the crash path can be tried.
+    if (FirstArgumentIs(arguments, "/testbugreport")) throw std::runtime_error("/testbugreport");
+    if (!HasQptMainSwitch(arguments)) return 0;
+
+    TQptApplication application(argc, argv);
+    if (!CreateForms(arguments)) return 0;
+    return application.exec();
+}
+
+}  // namespace
+
+int RunProcess(int argc, char** argv) {
+    RunModuleStartUp();
+    try {
+        return RunEntry(argc, argv);
+    } catch (const std::exception& e) {
+        ReportCrash(QString::fromLocal8Bit(e.what()));
+    } catch (...) {
+        ReportCrash(QStringLiteral("unhandled exception"));
+    }
+    ProcessExit(kCrashExitCode);
 }
 
 }  // namespace qpt

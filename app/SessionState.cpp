@@ -1,0 +1,9 @@
+#include "app/SessionState.h"
+
+namespace qpt {
+
+void ClearToolToggles() {
+    RectOpen = EllipOpen = LineOpen = ArrowOpen = BrushOpen = FontOpen = MosaicOpen = 0;
+}
+
+}  // namespace qpt
