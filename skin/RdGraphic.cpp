@@ -45,9 +45,13 @@ void TRdGraphic::DrawAlpha(QPainter& painter, const QRect& dest, int alpha) {
 }
 
 void TRdGraphic::Changed() {
+    // Descriptions may name each other in a circle; one round is enough.
+    if (changing_) return;
+    changing_ = true;
     ParentChanged();
     NotifyReferrers();
     if (onChange_) onChange_();
+    changing_ = false;
 }
 
 void TRdGraphic::AddReferrer(TRdGraphic* referrer) {

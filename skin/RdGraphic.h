@@ -80,6 +80,7 @@ private:
     mutable std::mutex referrersLock_;
     std::vector<TRdGraphic*> referrers_;  // sorted by address
     std::function<void()> onChange_;
+    bool changing_ = false;
 };
 
 // Turns a picture name ("images/x.png", ":/public/x.png", "[section]") into
