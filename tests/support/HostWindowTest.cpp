@@ -1,0 +1,106 @@
+// The notice to the host crosses a real X server: a window of the host's class
+// and title is made here, found, and sent the notice.
+#include <gtest/gtest.h>
+#include <xcb/xcb.h>
+
+#include <cstdlib>
+#include <cstring>
+#include <string>
+
+#include "support/HostWindow.h"
+#include "tests/common/ScratchHome.h"
+#include "tests/common/VirtualDisplay.h"
+
+namespace qpt {
+namespace {
+
+using testing::ScratchHome;
+using testing::VirtualDisplay;
+
+xcb_atom_t Intern(xcb_connection_t* c, const char* name) {
+    auto* reply = xcb_intern_atom_reply(
+        c, xcb_intern_atom(c, 0, static_cast<uint16_t>(std::strlen(name)), name), nullptr);
+    const xcb_atom_t atom = reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+    std::free(reply);
+    return atom;
+}
+
+// A top-level window with the given WM_CLASS (instance and class) and title.
+xcb_window_t MakeWindow(xcb_connection_t* c, const std::string& wmClass, const char* title) {
+    xcb_screen_t* screen = xcb_setup_roots_iterator(xcb_get_setup(c)).data;
+    const xcb_window_t w = xcb_generate_id(c);
+    xcb_create_window(c, XCB_COPY_FROM_PARENT, w, screen->root, 0, 0, 50, 50, 0,
+                      XCB_WINDOW_CLASS_INPUT_OUTPUT, screen->root_visual, 0, nullptr);
+    xcb_change_property(c, XCB_PROP_MODE_REPLACE, w, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, 8,
+                        static_cast<uint32_t>(wmClass.size()), wmClass.data());
+    xcb_change_property(c, XCB_PROP_MODE_REPLACE, w, Intern(c, "_NET_WM_NAME"),
+                        Intern(c, "UTF8_STRING"), 8, static_cast<uint32_t>(std::strlen(title)),
+                        title);
+    xcb_flush(c);
+    return w;
+}
+
+class HostWindowOnX : public ::testing::Test {
+protected:
+    void SetUp() override {
+        if (!display_.isRunning()) GTEST_SKIP() << "no Xvfb";
+        env_.setEnv("DISPLAY", display_.name().toStdString());
+        c_ = xcb_connect(display_.name().toLatin1().constData(), nullptr);
+        ASSERT_FALSE(xcb_connection_has_error(c_));
+    }
+    void TearDown() override {
+        if (c_) xcb_disconnect(c_);
+    }
+    VirtualDisplay display_;
+    ScratchHome env_;
+    xcb_connection_t* c_ = nullptr;
+};
+
+TEST_F(HostWindowOnX, FindsTheWindowByClassAndTitleOnly) {
+    EXPECT_EQ(FindHostWindow(), 0u);
+    MakeWindow(c_, std::string("host\0Other\0", 11), "Zelk Screenshot");
+    MakeWindow(c_, std::string("host\0TForm_QPTMain\0", 19), "Another title");
+    EXPECT_EQ(FindHostWindow(), 0u);
+    const xcb_window_t host =
+        MakeWindow(c_, std::string("x\0TForm_QPTMain\0", 16), "Zelk Screenshot");
+    EXPECT_EQ(FindHostWindow(), host);
+}
+
+TEST_F(HostWindowOnX, NoticeArrivesAsClientMessageWithCodeAndWords) {
+    const xcb_window_t host =
+        MakeWindow(c_, std::string("x\0TForm_QPTMain\0", 16), "Zelk Screenshot");
+    PostHostNotice(host, 2, 1);
+    xcb_generic_event_t* event = nullptr;
+    while ((event = xcb_wait_for_event(c_)) && (event->response_type & 0x7f) != XCB_CLIENT_MESSAGE)
+        std::free(event);
+    ASSERT_NE(event, nullptr);
+    const auto* message = reinterpret_cast<xcb_client_message_event_t*>(event);
+    EXPECT_EQ(message->type, Intern(c_, "_QPT_HOST_NOTICE"));
+    EXPECT_EQ(message->format, 32);
+    EXPECT_EQ(message->data.data32[0], 1129u);
+    EXPECT_EQ(message->data.data32[1], 2u);
+    EXPECT_EQ(message->data.data32[2], 1u);
+    std::free(event);
+}
+
+TEST_F(HostWindowOnX, NoticeToAMissingWindowIsQuiet) {
+    PostHostNotice(0, 1, 1);
+    PostHostNotice(0x3fffffff, 1, 1);  // no such window: an X error, swallowed
+    SUCCEED();
+}
+
+TEST(HostWindow, WithoutADisplayThereIsNoHost) {
+    ScratchHome env;
+    env.setEnv("DISPLAY", std::nullopt);
+    EXPECT_EQ(FindHostWindow(), 0u);
+    PostHostNotice(42, 1, 1);
+}
+
+TEST(HostWindow, ClassPartOfWmClass) {
+    EXPECT_EQ(WindowClassPart(QByteArray("inst\0TForm_QPTMain\0", 19)), "TForm_QPTMain");
+    EXPECT_EQ(WindowClassPart(QByteArray("inst\0Cls", 8)), "Cls");
+    EXPECT_EQ(WindowClassPart("no separator"), "");
+}
+
+}  // namespace
+}  // namespace qpt
