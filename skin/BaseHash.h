@@ -19,9 +19,10 @@ quint32 StringHashOf(const QString& key);
 template <class Key, class Value, class Hasher>
 class TBaseHash {
 public:
-    explicit TBaseHash(std::size_t buckets) : buckets_(std::max<std::size_t>(buckets, 1)) {}
+    explicit TBaseHash(std::size_t buckets) : bucketCount_(std::max<std::size_t>(buckets, 1)) {}
 
     Value* Find(const Key& key) {
+        if (buckets_.empty()) return nullptr;
         const quint32 hash = Hasher{}(key);
         Bucket& bucket = BucketOf(hash);
         for (auto it = FirstOf(bucket, hash); it != bucket.end() && it->hash == hash; ++it)
@@ -46,6 +47,7 @@ public:
     }
 
     bool Remove(const Key& key) {
+        if (buckets_.empty()) return false;
         const quint32 hash = Hasher{}(key);
         Bucket& bucket = BucketOf(hash);
         for (auto it = FirstOf(bucket, hash); it != bucket.end() && it->hash == hash; ++it) {
@@ -89,6 +91,8 @@ private:
     }
 
     void Insert(const Key& key, Value value) {
+        // Buckets appear with the first entry: most section lists are never searched.
+        if (buckets_.empty()) buckets_.resize(bucketCount_);
         const quint32 hash = Hasher{}(key);
         Bucket& bucket = BucketOf(hash);
         auto at = std::upper_bound(bucket.begin(), bucket.end(), hash,
@@ -97,6 +101,7 @@ private:
         ++count_;
     }
 
+    std::size_t bucketCount_;
     std::vector<Bucket> buckets_;
     std::size_t count_ = 0;
 };
