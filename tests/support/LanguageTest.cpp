@@ -123,13 +123,6 @@ TEST_F(LanguageTest, WithoutLanguageFolderEverythingKeepsItsDefault) {
     EXPECT_EQ(QptMessages().Text("M_Screen_Copy"), "Copy to clipboard");
 }
 
-TEST_F(LanguageTest, DisplayNameDefaultsToTheFileName) {
-    WriteLng("English", "[QPT_M]\nM_OK=OK\n");
-    TLanguage language("QPT", Folder());
-    language.SetLanguage("English");
-    EXPECT_EQ(language.DisplayName(), "English");
-}
-
 TEST_F(LanguageTest, EmptyValueIsKeptByGetTextButFallsThroughInGetIniText) {
     WriteEnglishAndGerman();
     TLanguage language("QPT", Folder());
@@ -164,6 +157,7 @@ TEST_F(LanguageTest, PartialMessageSectionLeavesTheOtherMessagesEnglish) {
     WriteLng("French", Utf16File("[QPT_Main_M]\r\nM_Screen_Save=Enregistrer\r\n"));
     TLanguage language("QPT", Folder());
     language.SetLanguage("French");
+    EXPECT_EQ(language.DisplayName(), "French");
     language.AddSection("QPT_Main");
     TQptMessages messages;
     messages.Fetch(language);

@@ -63,16 +63,6 @@ TEST_F(LogTest, RotationKeepsBackupCountCopies) {
     EXPECT_FALSE(QFileInfo::exists(LogPath() + ".bak3"));
 }
 
-TEST_F(LogTest, RotationOnlyOnceSizeIsReached) {
-    TLogManage manage(LogPath());
-    manage.SetTimeStamp(false);
-    manage.SetMaxSize(1000);
-    for (int i = 0; i < 3; ++i)
-        manage.WriteLog(QStringLiteral("short"), false);
-    EXPECT_FALSE(QFileInfo::exists(LogPath() + ".bak1"));
-    EXPECT_EQ(ReadFile(LogPath()).size(), 2 + 3 * 14);
-}
-
 TEST_F(LogTest, DetailLinesNeedTheMarkerFile) {
     TLogManage manage(LogPath());
     manage.SetTimeStamp(false);

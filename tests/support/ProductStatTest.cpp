@@ -83,14 +83,6 @@ TEST_F(ProductStatTest, FileThatIsNoLibraryFailsWithADebugLine) {
     EXPECT_EQ(stat.DoStatistic("qpt1", "a313", 0, 0, 0, 0), -1);
 }
 
-TEST_F(ProductStatTest, DebugLineStaysSilentWithoutTheSwitch) {
-    home_.setEnv("QPT_DEBUG", std::nullopt);
-    TProductStat stat;
-    ::testing::internal::CaptureStderr();
-    EXPECT_FALSE(stat.Load(Folder() + "missing.so"));
-    EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
-}
-
 TEST_F(ProductStatTest, SendUsageCodeReportsThroughTheProcessWrapper) {
     ASSERT_TRUE(LoadProductStat(QStringLiteral(QPT_STAT_STANDIN)));
     SendUsageCode(QStringLiteral("a312"));
