@@ -2,6 +2,7 @@
 
 #include "app/CrashReport.h"
 #include "app/PlatformSetup.h"
+#include "support/Language.h"
 #include "support/LogManage.h"
 #include "support/Paths.h"
 #include "support/ScreenRecordSettingsData.h"
@@ -11,6 +12,7 @@ namespace qpt {
 void RunModuleStartUp() {
     InstallCrashHandler();
     CreateLogManage(SettingsFolder() + "log/QptHost.log");
+    CreateLanguage("QPT");
     PreparePlatformEnvironment();
     CreateSettingsData();
 }
