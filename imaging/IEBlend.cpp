@@ -47,38 +47,56 @@ __attribute__((target("avx2"))) inline __m256i Over16(__m256i c, __m256i d, __m2
 
 }  // namespace
 
-// Eight pixels per step: each 128-bit lane holds four B, G, R triples that a
-// byte shuffle widens to B, G, R, 0 and narrows back.
+struct VectorConstants {
+    __m256i widen, narrow, zero, k;
+    __m128i keepTail;
+};
+
+// Eight pixels: each 128-bit lane holds four B, G, R triples that a byte
+// shuffle widens to B, G, R, 0 and narrows back. Reads and writes 28 bytes
+// of dst, the last four unchanged.
+__attribute__((target("avx2"))) inline void Step8(uint8_t* d, const uint8_t* src,
+                                                  const VectorConstants& v) {
+    const __m256i s = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(src));
+    if (_mm256_testz_si256(s, s)) return;
+    const __m128i lo = _mm_loadu_si128(reinterpret_cast<const __m128i*>(d));
+    const __m128i hi = _mm_loadu_si128(reinterpret_cast<const __m128i*>(d + 12));
+    const __m256i dw = _mm256_shuffle_epi8(_mm256_set_m128i(hi, lo), v.widen);
+    const __m256i r0 =
+        Over16(_mm256_unpacklo_epi8(s, v.zero), _mm256_unpacklo_epi8(dw, v.zero), v.k);
+    const __m256i r1 =
+        Over16(_mm256_unpackhi_epi8(s, v.zero), _mm256_unpackhi_epi8(dw, v.zero), v.k);
+    const __m256i packed = _mm256_shuffle_epi8(_mm256_packus_epi16(r0, r1), v.narrow);
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(d), _mm256_castsi256_si128(packed));
+    const __m128i upper =
+        _mm_or_si128(_mm256_extracti128_si256(packed, 1), _mm_and_si128(hi, v.keepTail));
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(d + 12), upper);
+}
+
 __attribute__((target("avx2"))) void BlendPremulRowVector(uint8_t* dst, const uint8_t* src, int n,
                                                           int k) {
-    const __m256i widen = _mm256_setr_epi8(0, 1, 2, -1, 3, 4, 5, -1, 6, 7, 8, -1, 9, 10, 11, -1, 0,
-                                           1, 2, -1, 3, 4, 5, -1, 6, 7, 8, -1, 9, 10, 11, -1);
-    const __m256i narrow = _mm256_setr_epi8(0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, -1, -1, -1, -1,
-                                            0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, -1, -1, -1, -1);
-    const __m128i keepTail = _mm_setr_epi32(0, 0, 0, -1);
-    const __m256i zero = _mm256_setzero_si256();
+    VectorConstants v;
+    v.widen = _mm256_setr_epi8(0, 1, 2, -1, 3, 4, 5, -1, 6, 7, 8, -1, 9, 10, 11, -1, 0, 1, 2, -1, 3,
+                               4, 5, -1, 6, 7, 8, -1, 9, 10, 11, -1);
+    v.narrow = _mm256_setr_epi8(0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, -1, -1, -1, -1, 0, 1, 2, 4,
+                                5, 6, 8, 9, 10, 12, 13, 14, -1, -1, -1, -1);
+    v.keepTail = _mm_setr_epi32(0, 0, 0, -1);
+    v.zero = _mm256_setzero_si256();
     // A zero factor means "no scaling" to Over16, which tests it once per step.
-    const __m256i kk = k == 255 ? zero : _mm256_set1_epi16(int16_t(k));
+    v.k = k == 255 ? v.zero : _mm256_set1_epi16(int16_t(k));
     int i = 0;
-    // Each step reads and writes 28 bytes of dst: stop while 10 pixels remain.
-    for (; i + 10 <= n; i += 8) {
-        const __m256i s = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(src + 4 * i));
-        if (_mm256_testz_si256(s, s)) continue;
-        uint8_t* d = dst + 3 * i;
-        const __m128i lo = _mm_loadu_si128(reinterpret_cast<const __m128i*>(d));
-        const __m128i hi = _mm_loadu_si128(reinterpret_cast<const __m128i*>(d + 12));
-        const __m256i dw = _mm256_shuffle_epi8(_mm256_set_m128i(hi, lo), widen);
-        const __m256i r0 =
-            Over16(_mm256_unpacklo_epi8(s, zero), _mm256_unpacklo_epi8(dw, zero), kk);
-        const __m256i r1 =
-            Over16(_mm256_unpackhi_epi8(s, zero), _mm256_unpackhi_epi8(dw, zero), kk);
-        const __m256i packed = _mm256_shuffle_epi8(_mm256_packus_epi16(r0, r1), narrow);
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(d), _mm256_castsi256_si128(packed));
-        const __m128i upper =
-            _mm_or_si128(_mm256_extracti128_si256(packed, 1), _mm_and_si128(hi, keepTail));
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(d + 12), upper);
+    for (; i + 10 <= n; i += 8)
+        Step8(dst + 3 * i, src + 4 * i, v);
+    // The rest goes through the same step on padded copies: a transparent
+    // source pixel leaves its destination pixel as it was.
+    for (; i < n; i += 8) {
+        const int m = std::min(8, n - i);
+        alignas(32) uint8_t d[32] = {}, s[32] = {};
+        std::memcpy(d, dst + 3 * i, size_t(m) * 3);
+        std::memcpy(s, src + 4 * i, size_t(m) * 4);
+        Step8(d, s, v);
+        std::memcpy(dst + 3 * i, d, size_t(m) * 3);
     }
-    BlendPremulRowScalar(dst + 3 * i, src + 4 * i, n - i, k);
 }
 
 bool HasVectorKernel() {
@@ -119,6 +137,31 @@ void IEBlendAlphaRow(uint8_t* dst, const uint8_t* src, const uint8_t* alpha, int
         const uint32_t a = alpha ? IEDiv255(uint32_t(alpha[i]) * uint32_t(k)) : uint32_t(k);
         for (int ch = 0; ch < 3; ++ch)
             dst[ch] = uint8_t(IEDiv255(src[ch] * a + dst[ch] * (255 - a)));
+    }
+}
+
+void TIEOpaqueRuns::Build(const TIEBitmap& premul) {
+    constexpr int kBridge = 8;
+    rowStart_.assign(1, 0);
+    runs_.clear();
+    for (int y = 0; y < premul.Height(); ++y) {
+        const uint32_t* row = reinterpret_cast<const uint32_t*>(premul.Scanline(y));
+        int x = 0;
+        const int w = premul.Width();
+        while (x < w) {
+            while (x < w && row[x] == 0)
+                ++x;
+            if (x == w) break;
+            const int begin = x;
+            int lastSet = x;
+            while (x < w && x - lastSet <= kBridge) {
+                if (row[x] != 0) lastSet = x;
+                ++x;
+            }
+            runs_.push_back({begin, lastSet + 1});
+            x = lastSet + 1;
+        }
+        rowStart_.push_back(uint32_t(runs_.size()));
     }
 }
 

@@ -30,30 +30,42 @@ bool IsIdentity(const TIESampleTable& t) {
     return t.empty() || (t[0] & 0xFFFF) == 0;
 }
 
-// Gathers one destination row of colour and alpha from the source.
-void SampleRow(const TIEBitmap& src, const TIEBitmap* alpha, int64_t sy, const TIESampleTable& xs,
-               bool linear, uint8_t* rgb, uint8_t* a) {
-    const int w = src.Width(), h = src.Height();
-    const int y0 = std::clamp(int(sy >> 16), 0, h - 1);
-    const int y1 = linear ? std::min(y0 + 1, h - 1) : y0;
-    const uint32_t fy = linear ? uint32_t(sy & 0xFFFF) >> 8 : 0;
-    const uint8_t* r0 = src.Scanline(y0);
-    const uint8_t* r1 = src.Scanline(y1);
-    const uint8_t* a0 = alpha ? alpha->Scanline(y0) : nullptr;
-    const uint8_t* a1 = alpha ? alpha->Scanline(y1) : nullptr;
+// Where each destination column samples: the two neighbouring source
+// columns and the weight of the right one, 0..256. Worked out once per call.
+struct Columns {
+    std::vector<int> x0, x1;
+    std::vector<uint32_t> fx;
+};
+
+Columns ColumnsFor(const TIESampleTable& xs, int width, bool linear) {
+    Columns c;
+    c.x0.resize(xs.size());
+    c.x1.resize(xs.size());
+    c.fx.resize(xs.size());
     for (size_t i = 0; i < xs.size(); ++i) {
-        const int x0 = std::clamp(int(xs[i] >> 16), 0, w - 1);
-        const int x1 = linear ? std::min(x0 + 1, w - 1) : x0;
-        const uint32_t fx = linear ? uint32_t(xs[i] & 0xFFFF) >> 8 : 0;
-        auto mix = [&](uint32_t p00, uint32_t p01, uint32_t p10, uint32_t p11) {
-            const uint32_t top = p00 * (256 - fx) + p01 * fx;
-            const uint32_t bottom = p10 * (256 - fx) + p11 * fx;
-            return uint8_t((top * (256 - fy) + bottom * fy + 32768) >> 16);
-        };
-        for (int ch = 0; ch < 3; ++ch)
-            rgb[3 * i + ch] =
-                mix(r0[3 * x0 + ch], r0[3 * x1 + ch], r1[3 * x0 + ch], r1[3 * x1 + ch]);
-        if (a) a[i] = alpha ? mix(a0[x0], a0[x1], a1[x0], a1[x1]) : 255;
+        c.x0[i] = std::clamp(int(xs[i] >> 16), 0, width - 1);
+        c.x1[i] = linear ? std::min(c.x0[i] + 1, width - 1) : c.x0[i];
+        c.fx[i] = linear ? uint32_t(xs[i] & 0xFFFF) >> 8 : 0;
+    }
+    return c;
+}
+
+// One destination row of a plane with `channels` bytes per pixel.
+void SampleRow(const uint8_t* r0, const uint8_t* r1, uint32_t fy, const Columns& c, int channels,
+               uint8_t* out) {
+    const size_t n = c.x0.size();
+    for (size_t i = 0; i < n; ++i) {
+        const uint32_t fx = c.fx[i];
+        const uint8_t* a = r0 + channels * c.x0[i];
+        const uint8_t* b = r0 + channels * c.x1[i];
+        const uint8_t* p = r1 + channels * c.x0[i];
+        const uint8_t* q = r1 + channels * c.x1[i];
+        for (int ch = 0; ch < channels; ++ch) {
+            const uint32_t top = a[ch] * (256 - fx) + b[ch] * fx;
+            const uint32_t bottom = p[ch] * (256 - fx) + q[ch] * fx;
+            out[channels * i + size_t(ch)] =
+                uint8_t((top * (256 - fy) + bottom * fy + 32768) >> 16);
+        }
     }
 }
 
@@ -79,18 +91,25 @@ void IEComposeImage(const TIEBitmap& src, TIEBitmap& dst, int destX, int destY,
     const bool direct =
         !linear && IsIdentity(xs) && xs[0] >= 0 && int(xs.back() >> 16) < src.Width();
     std::vector<uint8_t> rgb(direct ? 0 : size_t(n) * 3), a(direct || !alpha ? 0 : size_t(n));
+    const Columns columns = direct ? Columns{} : ColumnsFor(xs, src.Width(), linear);
     for (size_t j = 0; j < ys.size(); ++j) {
         const int y = destY + int(j);
+        const int y0 = std::clamp(int(ys[j] >> 16), 0, src.Height() - 1);
+        const int y1 = linear ? std::min(y0 + 1, src.Height() - 1) : y0;
+        const uint32_t fy = linear ? uint32_t(ys[j] & 0xFFFF) >> 8 : 0;
         const uint8_t* srow;
-        const uint8_t* arow;
+        const uint8_t* arow = nullptr;
         if (direct) {
-            const int sy = std::clamp(int(ys[j] >> 16), 0, src.Height() - 1), sx = int(xs[0] >> 16);
-            srow = src.Scanline(sy) + 3 * sx;
-            arow = alpha ? alpha->Scanline(sy) + sx : nullptr;
+            const int sx = int(xs[0] >> 16);
+            srow = src.Scanline(y0) + 3 * sx;
+            if (alpha) arow = alpha->Scanline(y0) + sx;
         } else {
-            SampleRow(src, alpha, ys[j], xs, linear, rgb.data(), a.empty() ? nullptr : a.data());
+            SampleRow(src.Scanline(y0), src.Scanline(y1), fy, columns, 3, rgb.data());
             srow = rgb.data();
-            arow = a.empty() ? nullptr : a.data();
+            if (alpha) {
+                SampleRow(alpha->Scanline(y0), alpha->Scanline(y1), fy, columns, 1, a.data());
+                arow = a.data();
+            }
         }
         IEBlendAlphaRow(dst.Scanline(y) + 3 * destX, srow, arow, n, k);
         if (dstAlpha) UniteAlpha(dstAlpha->Scanline(y) + destX, arow, n, k);

@@ -79,6 +79,7 @@ const TIEBitmap* TIELayer::CacheFor(int destWidth, int destHeight) {
         renderScale_ = 1;
     }
     if (cache.Width() != destWidth || cache.Height() != destHeight) return nullptr;
+    cacheRuns_.Build(cache);
     CacheValid = true;
     CachedAtFullSize = false;
     return &cache;

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "imaging/IEBitmap.h"
+#include "imaging/IEBlend.h"
 #include "imaging/IELayerTypes.h"
 
 namespace qpt {
@@ -119,6 +120,8 @@ public:
     // another size; a supersampled render is brought down with a 2:1 linear
     // filter. Null for an image layer or a size under 1.
     const TIEBitmap* CacheFor(int destWidth, int destHeight);
+    // The non-transparent runs of the cache, built with it.
+    const TIEOpaqueRuns& CacheRuns() const { return cacheRuns_; }
     // 2 when the last cache build was supersampled, else 1.
     int RenderScale() const { return renderScale_; }
     // Changes whenever the layer's look was changed (Changed with a dropped
@@ -136,6 +139,7 @@ private:
     TIELayerList* owner_;
     int updateLock_ = 1;  // constructors hold it; the factory releases it
     int renderScale_ = 1;
+    TIEOpaqueRuns cacheRuns_;
     uint64_t generation_ = 0;
 };
 

@@ -80,12 +80,24 @@ QRegion TIEViewCompositor::Compose(TIELayerList& layers) {
     return damage;
 }
 
+// An opaque picture hides the background, so only what lies beside it is filled.
+QRegion TIEViewCompositor::BackgroundArea(TIELayerList& layers, const QRect& area) const {
+    const TIELayer& picture = *layers.GetLayer(0);
+    const TIEBitmap* alpha = layers.Background().Picture().AlphaChannelIfAny();
+    const bool opaque = Drawn(layers, 0) &&
+                        IELayerOpacity(picture.Opacity, picture.Transparency) == 255 &&
+                        (!alpha || alpha->Full());
+    return opaque ? QRegion(area) - picture.ClientRect : QRegion(area);
+}
+
 void TIEViewCompositor::ComposeArea(TIELayerList& layers, const QRect& area) {
-    uint8_t bgr[3] = {ColorB(Background), ColorG(Background), ColorR(Background)};
-    for (int y = area.top(); y <= area.bottom(); ++y) {
-        uint8_t* row = back_.Scanline(y) + 3 * area.left();
-        for (int x = 0; x < area.width(); ++x)
-            std::memcpy(row + 3 * x, bgr, 3);
+    const uint8_t bgr[3] = {ColorB(Background), ColorG(Background), ColorR(Background)};
+    for (const QRect& r : BackgroundArea(layers, area)) {
+        for (int y = r.top(); y <= r.bottom(); ++y) {
+            uint8_t* row = back_.Scanline(y) + 3 * r.left();
+            for (int x = 0; x < r.width(); ++x)
+                std::memcpy(row + 3 * x, bgr, 3);
+        }
     }
     for (int i = 0; i < layers.LayersCount(); ++i)
         if (Drawn(layers, i)) ComposeLayer(*layers.GetLayer(i), area);
@@ -100,10 +112,17 @@ void TIEViewCompositor::ComposeLayer(TIELayer& layer, const QRect& area) {
     const TIEBitmap* cache = layer.CacheFor(rect.width(), rect.height());
     if (!cache) return;
     const int k = IELayerOpacity(layer.Opacity, layer.Transparency);
+    const TIEOpaqueRuns& runs = layer.CacheRuns();
     const int sx = clip.left() - rect.left(), sy = clip.top() - rect.top();
-    for (int y = 0; y < clip.height(); ++y)
-        IEBlendPremulRow(back_.Scanline(clip.top() + y) + 3 * clip.left(),
-                         cache->Scanline(sy + y) + 4 * sx, clip.width(), k);
+    const int sxEnd = sx + clip.width();
+    for (int y = 0; y < clip.height(); ++y) {
+        uint8_t* dst = back_.Scanline(clip.top() + y) + 3 * (clip.left() - sx);
+        const uint8_t* src = cache->Scanline(sy + y);
+        for (auto [run, end] = runs.Row(sy + y); run != end; ++run) {
+            const int b = std::max(run->begin, sx), e = std::min(run->end, sxEnd);
+            if (b < e) IEBlendPremulRow(dst + 3 * b, src + 4 * b, e - b, k);
+        }
+    }
 }
 
 // Screen pixels of an image layer sample the picture through the view's own
