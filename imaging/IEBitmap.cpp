@@ -274,8 +274,33 @@ void TIEBitmap::CopyRowsFrom(const TIEBitmap& source, int rows, int64_t bytes) {
         std::memcpy(base_, source.base_, size_t(rowLen_ * rows));
         return;
     }
+    if (CopyRowsThroughFile(source, rows, bytes)) return;
     for (int y = 0; y < rows; ++y)
         std::memcpy(Scanline(y), source.Scanline(y), size_t(bytes));
+}
+
+// Copies between a file store and rows in memory with plain reads and
+// writes, and leaves no window mapped: a bitmap in a file is cold storage
+// (an undo step), and a hundred of them must not keep their last window
+// resident.
+bool TIEBitmap::CopyRowsThroughFile(const TIEBitmap& source, int rows, int64_t bytes) {
+    const bool toFile = IsFileStore() && !source.IsFileStore();
+    const bool fromFile = source.IsFileStore() && !IsFileStore();
+    if (!toFile && !fromFile) return false;
+    const uint8_t* memory = toFile ? source.base_ : base_;
+    if (memory && origin_ == source.origin_ && rowLen_ == source.rowLen_ && bytes == rowLen_ &&
+        rows == height_ && rows == source.height_) {
+        if (toFile) tempStore_.Write(0, source.base_, rowLen_ * rows);
+        if (fromFile) source.tempStore_.Read(0, base_, rowLen_ * rows);
+    } else {
+        for (int y = 0; y < rows; ++y) {
+            if (toFile) tempStore_.Write(FileOffset(y), source.Scanline(y), bytes);
+            if (fromFile) source.tempStore_.Read(source.FileOffset(y), Scanline(y), bytes);
+        }
+    }
+    tempStore_.Unmap();
+    source.tempStore_.Unmap();
+    return true;
 }
 
 void TIEBitmap::Assign(const TIEBitmap& source) {

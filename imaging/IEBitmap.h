@@ -182,6 +182,11 @@ private:
     void ResetFields();
     void SetFormatFields(TIEPixelFormat format);
     void CopyRowsFrom(const TIEBitmap& source, int rows, int64_t bytes);
+    bool CopyRowsThroughFile(const TIEBitmap& source, int rows, int64_t bytes);
+    bool IsFileStore() const { return location_ == ieFile && !base_ && segments_.empty(); }
+    int64_t FileOffset(int row) const {
+        return int64_t(origin_ == 1 ? height_ - 1 - row : row) * rowLen_;
+    }
     void ReplaceWithResized(int width, int height);
     void MergeAlphaIntoPicture(uint32_t background);
 
@@ -205,7 +210,8 @@ private:
     int rowsPerSegment_ = 0;
     std::unique_ptr<QImage> ownedImage_;
     QImage* borrowedImage_ = nullptr;
-    TIEFileBuffer tempStore_;
+    // Mutable: reading rows of a const bitmap still moves the window.
+    mutable TIEFileBuffer tempStore_;
 };
 
 }  // namespace qpt

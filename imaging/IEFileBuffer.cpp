@@ -93,6 +93,30 @@ void TIEFileBuffer::Unmap() {
     windowOffset_ = windowLength_ = 0;
 }
 
+bool TIEFileBuffer::Write(int64_t offset, const void* data, int64_t length) {
+    if (fd_ < 0 || offset < 0 || length < 0 || offset + length > size_) return false;
+    const auto* p = static_cast<const uint8_t*>(data);
+    while (length > 0) {
+        const ssize_t n = ::pwrite(fd_, p, size_t(length), offset);
+        if (n < 0 && errno == EINTR) continue;
+        if (n <= 0) return false;
+        p += n, offset += n, length -= n;
+    }
+    return true;
+}
+
+bool TIEFileBuffer::Read(int64_t offset, void* dest, int64_t length) const {
+    if (fd_ < 0 || offset < 0 || length < 0 || offset + length > size_) return false;
+    auto* p = static_cast<uint8_t*>(dest);
+    while (length > 0) {
+        const ssize_t n = ::pread(fd_, p, size_t(length), offset);
+        if (n < 0 && errno == EINTR) continue;
+        if (n <= 0) return false;
+        p += n, offset += n, length -= n;
+    }
+    return true;
+}
+
 uint8_t* TIEFileBuffer::Map(int64_t offset, int64_t length) {
     if (fd_ < 0 || offset < 0 || length < 0 || offset + length > size_) return nullptr;
     if (window_ && offset >= windowOffset_ && offset + length <= windowOffset_ + windowLength_)

@@ -38,6 +38,12 @@ public:
     // Gives the window's pages back; the data stays in the file.
     void Unmap();
 
+    // Bulk transfers that bypass the window: the kernel copies straight
+    // between the page cache and the caller's memory, with no page faults
+    // on our side. They see the same bytes as the mapping.
+    bool Write(int64_t offset, const void* data, int64_t length);
+    bool Read(int64_t offset, void* dest, int64_t length) const;
+
 private:
     void Take(TIEFileBuffer& other);
 

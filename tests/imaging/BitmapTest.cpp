@@ -109,6 +109,20 @@ TEST_F(BitmapTest, FileBitmapReadsBackRowByRowAcrossWindows) {
     copy.Assign(b);
     EXPECT_EQ(copy.Location(), ieMemory);
     EXPECT_TRUE(Painted(copy, copy.RowLen(), copy.Height()));
+
+    // Back into a file, once as one block and once row by row from a
+    // bottom-up buffer: both must land at the same rows.
+    for (uint8_t origin : {0, 1}) {
+        TIEBitmap source;
+        source.SetOrigin(origin);
+        ASSERT_TRUE(source.Allocate(1024, 3000, ie24RGB));
+        Paint(source);
+        TIEBitmap again;
+        again.SetMinFileSize(0);
+        again.Assign(source);
+        ASSERT_EQ(again.Location(), ieFile);
+        EXPECT_TRUE(Painted(again, again.RowLen(), again.Height())) << int(origin);
+    }
 }
 
 TEST_F(BitmapTest, SegmentsTakeOverWhenOneBlockIsRefused) {
