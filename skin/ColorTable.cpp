@@ -29,6 +29,26 @@ std::optional<quint32> NumberName(const QString& name) {
     return ok ? std::optional(value) : std::nullopt;
 }
 
+// The standard names with their ids, worked out once: every reload starts
+// from them.
+struct StandardEntry {
+    quint32 id;
+    ColorItem item;
+};
+
+const std::vector<StandardEntry>& StandardEntries() {
+    static const std::vector<StandardEntry> entries = [] {
+        std::vector<StandardEntry> list;
+        for (const StandardColor& standard : StandardColors()) {
+            const QString name = QString::fromUtf16(standard.name);
+            list.push_back({ColorId(name),
+                            ColorItem{name, ColorItem::kStandard, standard.value, standard.value}});
+        }
+        return list;
+    }();
+    return entries;
+}
+
 }  // namespace
 
 void TColorTable::MergeVclColor() {
@@ -44,11 +64,9 @@ void TColorTable::MergeVclColor() {
         RdLog(QStringLiteral("MergeVclColor, non-color[%1]: %2").arg(number++).arg(item.Name));
         hash_.Put(item.Id, std::move(item));
     }
-    for (const StandardColor& standard : StandardColors()) {
-        const QString name = QString::fromUtf16(standard.name);
-        const ColorItem item{name, ColorItem::kStandard, standard.value, standard.value};
-        hash_.Put(ColorId(name), item);
-        hash_.Put(standard.value, item);
+    for (const StandardEntry& standard : StandardEntries()) {
+        hash_.Put(standard.id, standard.item);
+        hash_.Put(standard.item.Id, standard.item);
     }
 }
 
