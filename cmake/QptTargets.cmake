@@ -6,11 +6,11 @@ function(qpt_warnings target)
 endfunction()
 
 # qpt_folder_library(<name> [LINK libs...])
-# Every .cpp and .h below the current folder belongs to the library, so a new
-# file needs no edit here.
+# Every .cpp and .h of the current folder belongs to the library, so a new
+# file needs no edit here. A subfolder is a library of its own.
 function(qpt_folder_library name)
   cmake_parse_arguments(A "" "" "LINK" ${ARGN})
-  file(GLOB_RECURSE sources CONFIGURE_DEPENDS
+  file(GLOB sources CONFIGURE_DEPENDS
        ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
   # main.cpp is the entry of an executable, never part of a library.
   list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
