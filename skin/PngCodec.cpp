@@ -153,7 +153,8 @@ TDecodedPng DecodePng(const QByteArray& bytes) {
         return result;
     }
     if (ReadPixels(png, info, context)) {
-        result.Pixels = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+        image.convertTo(QImage::Format_ARGB32_Premultiplied);  // in place: no second buffer
+        result.Pixels = std::move(image);
         result.Texts = TextsOf(png, info);
     } else {
         result.Error = QString::fromLatin1(context.error);
