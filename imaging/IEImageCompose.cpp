@@ -22,6 +22,21 @@ TIESampleTable IESampleTable(int first, int count, int srcLength, int destLength
     return table;
 }
 
+namespace compose_detail {
+
+// Weighted sum of two rows, 0..65280 per byte. Cloned for AVX2, where the
+// compiler widens it to 16 lanes; the default clone is plain x86-64.
+void MixRows(const uint8_t* r0, const uint8_t* r1, uint32_t fy, uint16_t* out, int n);
+
+__attribute__((target_clones("avx2", "default"), optimize("tree-vectorize"))) void MixRows(
+    const uint8_t* r0, const uint8_t* r1, uint32_t fy, uint16_t* out, int n) {
+    const uint16_t wy = uint16_t(fy), wx = uint16_t(256 - fy);
+    for (int b = 0; b < n; ++b)
+        out[b] = uint16_t(r0[b] * wx + r1[b] * wy);
+}
+
+}  // namespace compose_detail
+
 namespace {
 
 bool IsIdentity(const TIESampleTable& t) {
@@ -50,22 +65,25 @@ Columns ColumnsFor(const TIESampleTable& xs, int width, bool linear) {
     return c;
 }
 
-// One destination row of a plane with `channels` bytes per pixel.
-void SampleRow(const uint8_t* r0, const uint8_t* r1, uint32_t fy, const Columns& c, int channels,
-               uint8_t* out) {
+// One destination row of a plane with `channels` bytes per pixel: rows
+// blended first over the columns in use (a loop the compiler vectorises),
+// then the columns. The integer sum equals the direct bilinear one.
+template <int channels>
+void SampleRow(const uint8_t* r0, const uint8_t* r1, uint32_t fy, const Columns& c, uint8_t* out,
+               std::vector<uint16_t>& mixed) {
     const size_t n = c.x0.size();
+    const int first = c.x0.front() * channels, last = (c.x1.back() + 1) * channels;
+    mixed.resize(size_t(last - first));
+    uint16_t* m = mixed.data() - first;
+    for (int b = first; b < last; ++b)
+        m[b] = uint16_t(r0[b] * (256 - fy) + r1[b] * fy);
     for (size_t i = 0; i < n; ++i) {
         const uint32_t fx = c.fx[i];
-        const uint8_t* a = r0 + channels * c.x0[i];
-        const uint8_t* b = r0 + channels * c.x1[i];
-        const uint8_t* p = r1 + channels * c.x0[i];
-        const uint8_t* q = r1 + channels * c.x1[i];
-        for (int ch = 0; ch < channels; ++ch) {
-            const uint32_t top = a[ch] * (256 - fx) + b[ch] * fx;
-            const uint32_t bottom = p[ch] * (256 - fx) + q[ch] * fx;
+        const uint16_t* a = m + channels * c.x0[i];
+        const uint16_t* b = m + channels * c.x1[i];
+        for (int ch = 0; ch < channels; ++ch)
             out[channels * i + size_t(ch)] =
-                uint8_t((top * (256 - fy) + bottom * fy + 32768) >> 16);
-        }
+                uint8_t((a[ch] * (256 - fx) + b[ch] * fx + 32768) >> 16);
     }
 }
 
@@ -92,6 +110,7 @@ void IEComposeImage(const TIEBitmap& src, TIEBitmap& dst, int destX, int destY,
         !linear && IsIdentity(xs) && xs[0] >= 0 && int(xs.back() >> 16) < src.Width();
     std::vector<uint8_t> rgb(direct ? 0 : size_t(n) * 3), a(direct || !alpha ? 0 : size_t(n));
     const Columns columns = direct ? Columns{} : ColumnsFor(xs, src.Width(), linear);
+    std::vector<uint16_t> mixed;
     for (size_t j = 0; j < ys.size(); ++j) {
         const int y = destY + int(j);
         const int y0 = std::clamp(int(ys[j] >> 16), 0, src.Height() - 1);
@@ -104,10 +123,11 @@ void IEComposeImage(const TIEBitmap& src, TIEBitmap& dst, int destX, int destY,
             srow = src.Scanline(y0) + 3 * sx;
             if (alpha) arow = alpha->Scanline(y0) + sx;
         } else {
-            SampleRow(src.Scanline(y0), src.Scanline(y1), fy, columns, 3, rgb.data());
+            SampleRow<3>(src.Scanline(y0), src.Scanline(y1), fy, columns, rgb.data(), mixed);
             srow = rgb.data();
             if (alpha) {
-                SampleRow(alpha->Scanline(y0), alpha->Scanline(y1), fy, columns, 1, a.data());
+                SampleRow<1>(alpha->Scanline(y0), alpha->Scanline(y1), fy, columns, a.data(),
+                             mixed);
                 arow = a.data();
             }
         }

@@ -120,6 +120,23 @@ TEST(ViewCompositor, ZoomedPaintAgreesWithTheTables) {
                       PixelAt(picture, s.view.Mapping.XScr2Bmp(x), s.view.Mapping.YScr2Bmp(y)));
 }
 
+TEST(ViewCompositor, LinearZoomBlendsNeighbours) {
+    Scene s(40, 30);
+    s.view.Mapping.SetZoom(200);
+    s.view.Mapping.SetLayout(40, 30, 80, 60);
+    s.view.Compose(s.list);
+    const TIEBitmap& picture = *s.list.Background().Bitmap();
+    const TIEBitmap& back = s.view.BackBuffer();
+    for (int y = 0; y < 29; ++y) {
+        for (int x = 0; x < 39; ++x) {
+            // Even screen pixels sit on a picture pixel, odd ones halfway.
+            ASSERT_EQ(PixelAt(back, 2 * x, 2 * y), PixelAt(picture, x, y));
+            const uint8_t a = picture.Scanline(y)[3 * x], b = picture.Scanline(y)[3 * x + 3];
+            ASSERT_EQ(back.Scanline(2 * y)[6 * x + 3], (a + b + 1) / 2) << x << "," << y;
+        }
+    }
+}
+
 TEST(ViewCompositor, MovingALayerRecomposesOnlyWhatChanged) {
     Scene s(200, 150);
     s.list.LayersAdd(ielkShape, QPointF(10, 10), QSizeF(40, 30));
