@@ -48,8 +48,9 @@ __attribute__((target("avx2"))) inline __m256i Over16(__m256i c, __m256i d, __m2
 }  // namespace
 
 struct VectorConstants {
-    __m256i widen, narrow, zero, k;
+    __m256i widen, narrow, zero, k, alphaBytes;
     __m128i keepTail;
+    bool plain;  // opacity 255
 };
 
 // Eight pixels: each 128-bit lane holds four B, G, R triples that a byte
@@ -61,12 +62,18 @@ __attribute__((target("avx2"))) inline void Step8(uint8_t* d, const uint8_t* src
     if (_mm256_testz_si256(s, s)) return;
     const __m128i lo = _mm_loadu_si128(reinterpret_cast<const __m128i*>(d));
     const __m128i hi = _mm_loadu_si128(reinterpret_cast<const __m128i*>(d + 12));
-    const __m256i dw = _mm256_shuffle_epi8(_mm256_set_m128i(hi, lo), v.widen);
-    const __m256i r0 =
-        Over16(_mm256_unpacklo_epi8(s, v.zero), _mm256_unpacklo_epi8(dw, v.zero), v.k);
-    const __m256i r1 =
-        Over16(_mm256_unpackhi_epi8(s, v.zero), _mm256_unpackhi_epi8(dw, v.zero), v.k);
-    const __m256i packed = _mm256_shuffle_epi8(_mm256_packus_epi16(r0, r1), v.narrow);
+    __m256i packed;
+    if (v.plain && _mm256_testc_si256(s, v.alphaBytes)) {
+        // Opaque pixels at full opacity: the formula gives the source itself.
+        packed = _mm256_shuffle_epi8(s, v.narrow);
+    } else {
+        const __m256i dw = _mm256_shuffle_epi8(_mm256_set_m128i(hi, lo), v.widen);
+        const __m256i r0 =
+            Over16(_mm256_unpacklo_epi8(s, v.zero), _mm256_unpacklo_epi8(dw, v.zero), v.k);
+        const __m256i r1 =
+            Over16(_mm256_unpackhi_epi8(s, v.zero), _mm256_unpackhi_epi8(dw, v.zero), v.k);
+        packed = _mm256_shuffle_epi8(_mm256_packus_epi16(r0, r1), v.narrow);
+    }
     _mm_storeu_si128(reinterpret_cast<__m128i*>(d), _mm256_castsi256_si128(packed));
     const __m128i upper =
         _mm_or_si128(_mm256_extracti128_si256(packed, 1), _mm_and_si128(hi, v.keepTail));
@@ -84,6 +91,8 @@ __attribute__((target("avx2"))) void BlendPremulRowVector(uint8_t* dst, const ui
     v.zero = _mm256_setzero_si256();
     // A zero factor means "no scaling" to Over16, which tests it once per step.
     v.k = k == 255 ? v.zero : _mm256_set1_epi16(int16_t(k));
+    v.alphaBytes = _mm256_set1_epi32(int32_t(0xFF000000u));
+    v.plain = k == 255;
     int i = 0;
     for (; i + 10 <= n; i += 8)
         Step8(dst + 3 * i, src + 4 * i, v);
