@@ -18,6 +18,7 @@ TIELayerList::TIELayerList() {
     picture->Bitmap()->Allocate(1, 1, ie24RGB);  // an empty picture until one is loaded
     picture->Bitmap()->Fill(BackgroundColor);
     picture->FitToBitmap();
+    picture->VisibleBox = false;  // the picture itself never shows a frame
     picture->EndUpdate();
     layers_.push_back(std::move(picture));
 }

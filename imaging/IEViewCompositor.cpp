@@ -38,8 +38,8 @@ std::vector<TIEViewCompositor::Shown> TIEViewCompositor::Snapshot(TIELayerList& 
         layer.ApplyChanges();
         QRect rect = LayerRect(layer);
         layer.ClientRect = rect;
-        const bool framed = layer.Selected && layer.VisibleBox;
-        const bool grips = ShowGrips && i == layers.LayersCurrent() && layer.Selectable;
+        const bool framed = HasFrame(layers, i);
+        const bool grips = HasGrips(layers, i);
         if (framed || grips)
             rect.adjust(-kGripRadius - 1, -kGripRadius - 1, kGripRadius + 2, kGripRadius + 2);
         shown.push_back({&layer, rect, Drawn(layers, i), layer.ContentGeneration(),
@@ -146,7 +146,20 @@ void TIEViewCompositor::ComposeImageLayer(TIELayer& layer, const QRect& clip) {
                    IELayerOpacity(layer.Opacity, layer.Transparency), linear);
 }
 
+bool TIEViewCompositor::HasFrame(TIELayerList& layers, int index) const {
+    const TIELayer& layer = *layers.GetLayer(index);
+    return layer.Selected && layer.VisibleBox && Drawn(layers, index);
+}
+
+bool TIEViewCompositor::HasGrips(TIELayerList& layers, int index) const {
+    return ShowGrips && index == layers.LayersCurrent() && layers.GetLayer(index)->Selectable;
+}
+
 void TIEViewCompositor::DrawFrames(TIELayerList& layers, const QRect& area) {
+    bool any = false;
+    for (int i = 0; i < layers.LayersCount() && !any; ++i)
+        any = HasFrame(layers, i) || HasGrips(layers, i);
+    if (!any) return;  // a painter over the whole buffer is not free
     QImage image = back_.WrapQImage();
     if (image.isNull()) return;
     QPainter painter(&image);
@@ -155,12 +168,12 @@ void TIEViewCompositor::DrawFrames(TIELayerList& layers, const QRect& area) {
     for (int i = 0; i < layers.LayersCount(); ++i) {
         const TIELayer& layer = *layers.GetLayer(i);
         const QRect r = layer.ClientRect;
-        if (layer.Selected && layer.VisibleBox && Drawn(layers, i)) {
+        if (HasFrame(layers, i)) {
             painter.setPen(QPen(Qt::black, 1));
             painter.setBrush(Qt::NoBrush);
             painter.drawRect(QRectF(r).adjusted(-0.5, -0.5, 0.5, 0.5));
         }
-        if (!(ShowGrips && i == layers.LayersCurrent() && layer.Selectable)) continue;
+        if (!HasGrips(layers, i)) continue;
         painter.setPen(QPen(IEQColor(0), 1));
         painter.setBrush(IEQColor(0xBAFFFF));
         const QPointF c = QRectF(r).center();

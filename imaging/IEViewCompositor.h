@@ -46,6 +46,8 @@ private:
     };
     std::vector<Shown> Snapshot(TIELayerList& layers) const;
     bool Drawn(TIELayerList& layers, int index) const;
+    bool HasFrame(TIELayerList& layers, int index) const;
+    bool HasGrips(TIELayerList& layers, int index) const;
     QRegion BackgroundArea(TIELayerList& layers, const QRect& area) const;
     void ComposeArea(TIELayerList& layers, const QRect& area);
     void ComposeLayer(TIELayer& layer, const QRect& area);

@@ -167,6 +167,28 @@ TEST(ViewCompositor, MovingALayerRecomposesOnlyWhatChanged) {
     EXPECT_TRUE(SameBuffers(s.view.BackBuffer(), fresh.view.BackBuffer()));
 }
 
+TEST(ViewCompositor, GripsAndFrameOfTheCurrentLayer) {
+    Scene s(120, 100);
+    TIELayer* layer = s.list.LayersAdd(ielkShape, QPointF(30, 20), QSizeF(40, 50));
+    layer->VisibleBox = false;
+    s.view.Compose(s.list);
+    const TColor plain = PixelAt(s.view.BackBuffer(), 30, 20);
+    s.view.ShowGrips = true;
+    EXPECT_FALSE(s.view.Compose(s.list).isEmpty()) << "turning grips on redraws";
+    const TColor grip = 0xBAFFFF;
+    for (QPoint p : {QPoint(30, 20), QPoint(50, 20), QPoint(70, 45), QPoint(30, 70)})
+        EXPECT_EQ(PixelAt(s.view.BackBuffer(), p.x(), p.y()), grip) << p.x() << "," << p.y();
+    EXPECT_NE(plain, grip);
+    s.view.ShowGrips = false;
+    s.view.Compose(s.list);
+    EXPECT_EQ(PixelAt(s.view.BackBuffer(), 30, 20), plain);
+
+    layer->VisibleBox = true;  // selected with a visible box: a frame
+    s.view.Compose(s.list);
+    EXPECT_EQ(PixelAt(s.view.BackBuffer(), 29, 45), clBlack);
+    EXPECT_EQ(PixelAt(s.view.BackBuffer(), 70, 45), clBlack);
+}
+
 TEST(ViewCompositor, LayerOpacityAndHiddenLayers) {
     Scene s(20, 20);
     s.list.Background().Bitmap()->Fill(clBlack);
