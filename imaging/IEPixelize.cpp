@@ -1,0 +1,213 @@
+#include "imaging/IEPixelize.h"
+
+#include <algorithm>
+#include <cstring>
+#include <optional>
+#include <vector>
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
+namespace qpt {
+
+namespace {
+
+bool MaskMatches(const TIEBitmap& bitmap, const TIEBitmap& mask) {
+    return mask.Width() == bitmap.Width() && mask.Height() == bitmap.Height() &&
+           (mask.PixelFormat() == ie8g || mask.PixelFormat() == ie1g);
+}
+
+bool MaskSet(const uint8_t* maskRow, TIEPixelFormat format, int x) {
+    if (format == ie8g) return maskRow[x] != 0;
+    return (maskRow[x >> 3] & (0x80 >> (x & 7))) != 0;
+}
+
+// Truncating division by a block's pixel count. An integer divide per block
+// and channel would cost more than all the rest for small blocks, so counts
+// up to kTableCounts use a table of quotients, larger ones a multiply by the
+// reciprocal put right by one step where its rounding missed.
+class TDivider {
+public:
+    static constexpr uint64_t kTableCounts = 1024;
+
+    explicit TDivider(uint64_t d) : d_(d), inv_(1.0 / double(d)) {
+        if (d > kTableCounts) return;
+        table_.resize(size_t(255 * d + 1));
+        for (size_t n = 0; n < table_.size(); ++n)
+            table_[n] = uint8_t(n / d);
+    }
+    uint64_t Count() const { return d_; }
+    uint8_t operator()(uint64_t n) const {
+        if (!table_.empty()) return table_[size_t(n)];
+        uint64_t q = uint64_t(double(n) * inv_);
+        if (q * d_ > n)
+            --q;
+        else if ((q + 1) * d_ <= n)
+            ++q;
+        return uint8_t(q);
+    }
+
+private:
+    uint64_t d_;
+    double inv_;
+    std::vector<uint8_t> table_;
+};
+
+// Sums of one band of block rows: per byte column first (a contiguous add
+// the compiler turns into vector code), then per block.
+class TBlockBand {
+public:
+    TBlockBand(int width, int blockSize)
+        : width_(width),
+          block_(blockSize),
+          across_((width + blockSize - 1) / blockSize),
+          columns_(size_t(width) * 3),
+          colours_(size_t(width) * 3) {}
+
+    void Clear() { std::fill(columns_.begin(), columns_.end(), 0u); }
+    void AddRow(const uint8_t* row) {
+        uint32_t* c = columns_.data();
+        const size_t n = columns_.size();
+        size_t i = 0;
+#if defined(__SSE2__)
+        // The plain loop is not vectorised at -O2, and this add is most of
+        // the work for small blocks.
+        const __m128i zero = _mm_setzero_si128();
+        for (; i + 16 <= n; i += 16) {
+            const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(row + i));
+            const __m128i lo = _mm_unpacklo_epi8(bytes, zero), hi = _mm_unpackhi_epi8(bytes, zero);
+            const __m128i parts[4] = {_mm_unpacklo_epi16(lo, zero), _mm_unpackhi_epi16(lo, zero),
+                                      _mm_unpacklo_epi16(hi, zero), _mm_unpackhi_epi16(hi, zero)};
+            for (int k = 0; k < 4; ++k) {
+                __m128i* d = reinterpret_cast<__m128i*>(c + i + 4 * size_t(k));
+                _mm_storeu_si128(d, _mm_add_epi32(_mm_loadu_si128(d), parts[k]));
+            }
+        }
+#endif
+        for (; i < n; ++i)
+            c[i] += row[i];
+    }
+    // Makes the row of block colours for a band of rows rows: each block's
+    // sum divided by its own pixel count, truncating.
+    void Average(int rows) {
+        const uint64_t fullCount = uint64_t(block_) * uint64_t(rows);
+        if (!full_ || full_->Count() != fullCount) full_.emplace(fullCount);
+        for (int b = 0; b < across_; ++b) {
+            const int x0 = b * block_, x1 = std::min(width_, x0 + block_);
+            uint64_t sum[3] = {0, 0, 0};
+            for (int x = x0; x < x1; ++x)
+                for (int c = 0; c < 3; ++c)
+                    sum[c] += columns_[size_t(x) * 3 + size_t(c)];
+            if (x1 - x0 != block_) edge_.emplace(uint64_t(x1 - x0) * uint64_t(rows));
+            const TDivider& divide = x1 - x0 == block_ ? *full_ : *edge_;
+            const uint8_t colour[3] = {divide(sum[0]), divide(sum[1]), divide(sum[2])};
+            for (int x = x0; x < x1; ++x)
+                std::memcpy(&colours_[size_t(x) * 3], colour, 3);
+        }
+    }
+
+    const uint8_t* Colours() const {
+        return colours_.data();
+    }
+
+private:
+    int width_, block_, across_;
+    std::vector<uint32_t> columns_;
+    std::vector<uint8_t> colours_;
+    std::optional<TDivider> full_, edge_;
+};
+
+void WriteRow(uint8_t* row, const uint8_t* colours, int width, const uint8_t* maskRow,
+              TIEPixelFormat maskFormat, int maskLeft) {
+    if (!maskRow) {
+        std::memcpy(row, colours, size_t(width) * 3);
+        return;
+    }
+    for (int x = 0; x < width; ++x)
+        if (MaskSet(maskRow, maskFormat, maskLeft + x))
+            std::memcpy(row + x * 3, colours + x * 3, 3);
+}
+
+}  // namespace
+
+void Pixelize(TIEBitmap& bitmap, const TIEBitmap* mask, int blockSize, int left, int top, int right,
+              int bottom) {
+    if (bitmap.PixelFormat() != ie24RGB || !bitmap.IsAllocated() || blockSize < 1) return;
+    // A mask that cannot say which pixels to write lets none be written.
+    if (mask && !MaskMatches(bitmap, *mask)) return;
+    left = std::max(left, 0);
+    top = std::max(top, 0);
+    right = std::min(right, bitmap.Width() - 1);
+    bottom = std::min(bottom, bitmap.Height() - 1);
+    if (left > right || top > bottom) return;
+    const int width = right - left + 1;
+    TBlockBand band(width, blockSize);
+    std::vector<uint8_t> maskRow;
+    for (int y0 = top; y0 <= bottom; y0 += blockSize) {
+        const int y1 = std::min(bottom + 1, y0 + blockSize);
+        band.Clear();
+        for (int y = y0; y < y1; ++y)
+            band.AddRow(bitmap.Scanline(y) + int64_t(left) * 3);
+        band.Average(y1 - y0);
+        for (int y = y0; y < y1; ++y) {
+            const uint8_t* m = nullptr;
+            if (mask) {
+                // A copy keeps a file-backed mask window from moving under us.
+                const uint8_t* src = mask->Scanline(y);
+                maskRow.assign(src, src + mask->RowLen());
+                m = maskRow.data();
+            }
+            WriteRow(bitmap.Scanline(y) + int64_t(left) * 3, band.Colours(), width, m,
+                     mask ? mask->PixelFormat() : ieNull, left);
+        }
+    }
+}
+
+namespace {
+
+// Box blur over before + 1 + after samples along a line of n values, with
+// the ends extended.
+void BlurLine(const uint8_t* in, uint8_t* out, int n, int before, int after) {
+    const int taps = before + after + 1;
+    auto at = [&](int i) { return uint32_t(in[std::clamp(i, 0, n - 1)]); };
+    uint32_t sum = 0;
+    for (int i = -before; i <= after; ++i)
+        sum += at(i);
+    for (int i = 0; i < n; ++i) {
+        out[i] = uint8_t((sum + uint32_t(taps) / 2) / uint32_t(taps));
+        sum += at(i + after + 1);
+        sum -= at(i - before);
+    }
+}
+
+}  // namespace
+
+void IEFeatherAlpha(TIEBitmap& alpha, int radius) {
+    if (radius <= 0 || alpha.PixelFormat() != ie8g || !alpha.IsAllocated()) return;
+    const int w = alpha.Width(), h = alpha.Height();
+    // radius + 1 taps make a ramp radius pixels long across an edge.
+    const int before = radius / 2, after = radius - before;
+    std::vector<uint8_t> plane(size_t(w) * size_t(h)), line(size_t(std::max(w, h)));
+    for (int y = 0; y < h; ++y) {
+        BlurLine(alpha.Scanline(y), line.data(), w, before, after);
+        std::memcpy(&plane[size_t(y) * size_t(w)], line.data(), size_t(w));
+    }
+    std::vector<uint8_t> column(static_cast<size_t>(h));
+    for (int x = 0; x < w; ++x) {
+        for (int y = 0; y < h; ++y)
+            column[size_t(y)] = plane[size_t(y) * size_t(w) + size_t(x)];
+        BlurLine(column.data(), line.data(), h, before, after);
+        for (int y = 0; y < h; ++y)
+            plane[size_t(y) * size_t(w) + size_t(x)] = line[size_t(y)];
+    }
+    bool full = true;
+    for (int y = 0; y < h; ++y) {
+        const uint8_t* row = &plane[size_t(y) * size_t(w)];
+        std::memcpy(alpha.Scanline(y), row, size_t(w));
+        full = full && std::all_of(row, row + w, [](uint8_t v) { return v == 255; });
+    }
+    alpha.SetFull(full);
+}
+
+}  // namespace qpt
