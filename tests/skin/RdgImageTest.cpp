@@ -184,5 +184,30 @@ TEST_F(RdgImageTest, InheritedAnimationAndClearing) {
     EXPECT_EQ(child.Width(), 0);
 }
 
+TEST_F(RdgImageTest, AskingForSlicingCutsInThirdsAndFixesIt) {
+    AddPng("p.png", Filled(9, 6, 0));
+    TRdgImage rdg;
+    rdg.LoadFromText({"imgname=p.png"});
+    rdg.ImgOpt().SetEmpty(false);
+    EXPECT_EQ(rdg.ImgOpt().Left(), 3);
+    EXPECT_EQ(rdg.ImgOpt().Bottom(), 2);
+    QStringList stored;
+    rdg.ToValues(stored);
+    EXPECT_TRUE(stored.contains("imgopt!=3,2,3,2,0"));
+}
+
+TEST_F(RdgImageTest, SourceGoingAwayIsForgotten) {
+    TRdgImage rdg;
+    {
+        TPngImage& png = AddPng("gone.png", Filled(3, 3, 0));
+        rdg.LoadFromText({"imgname=gone.png"});
+        EXPECT_EQ(rdg.Width(), 3);
+        EXPECT_EQ(png.ReferrerCount(), 1u);
+        graphics.erase("gone.png");
+    }
+    EXPECT_EQ(rdg.BaseImage(), nullptr);
+    EXPECT_EQ(rdg.Width(), 0);
+}
+
 }  // namespace
 }  // namespace qpt

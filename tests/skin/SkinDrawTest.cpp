@@ -156,5 +156,23 @@ TEST(DrawPart, AlphaGreyAndSmoothing) {
     EXPECT_TRUE(blended(draw(QSize(16, 1), 255, false, TPngSmoothFilter::psfDefault)));
 }
 
+TEST(DesignRect, SizesShorthandsAndDefaultSlicing) {
+    TDesignRect slicing;
+    int changes = 0;
+    slicing.OnChange = [&] { ++changes; };
+    slicing.SetSizes(4, 5, TDesignRect::kSameAsOpposite, TDesignRect::kSameAsOpposite);
+    EXPECT_EQ(slicing.Right(), 4);
+    EXPECT_EQ(slicing.Bottom(), 5);
+    slicing.SetSizes(9, 1, 2, TDesignRect::kUnchanged);  // left and right stay
+    EXPECT_EQ(slicing.Left(), 4);
+    EXPECT_EQ(slicing.Top(), 1);
+    EXPECT_EQ(slicing.Bottom(), 2);
+    EXPECT_EQ(changes, 2);
+    slicing.SetStretchMode(TSuperStretchMode::sdmFill);
+    slicing.SetEmpty(true);
+    EXPECT_TRUE(slicing.Empty());
+    EXPECT_EQ(slicing.StretchMode(), TSuperStretchMode::sdmDefault);
+}
+
 }  // namespace
 }  // namespace qpt
