@@ -124,10 +124,6 @@ inline constexpr int crSizeWE = 65527;
 inline constexpr int crSizeAll = 65514;  // the picture-drag state of the window
 inline constexpr int crIEArrow = 1785;   // the view's own default arrow
 inline constexpr int crIEMoveLayer = 1786;
-// Rotation handles per corner: top left, top right, bottom right, bottom left.
-inline constexpr int crIERotateTopLeft = 1787;
-inline constexpr int crIERotateTopRight = 1788;
-inline constexpr int crIERotateBottomRight = 1789;
-inline constexpr int crIERotateBottomLeft = 1790;
+inline constexpr int crIERotate = 1787;
 
 }  // namespace qpt

@@ -7,6 +7,7 @@
 #include "imaging/IEImageProc.h"
 #include "imaging/IELayerList.h"
 #include "imaging/IELayerUndoTarget.h"
+#include "imaging/IEMouseInteractions.h"
 #include "imaging/IEViewServices.h"
 
 namespace qpt::testing {
@@ -30,7 +31,9 @@ public:
     TIELayerList& Layers() override { return layers_; }
     TIEImageProc* Proc() override { return &proc_; }
     TIELayerOptions LayerOptions() const override { return options; }
-    TIEMouseInteractLayers MouseInteractLayers() const override { return interactLayers; }
+    TIEMouseInteractLayers MouseInteractLayers() const override {
+        return router ? router->MouseInteractLayers() : interactLayers;
+    }
     double ZoomD100() const override { return zoom; }
     QRect ClientBitmapRect() const override {
         const TIEBitmap& p = layers_.Background().Picture();
@@ -54,6 +57,7 @@ public:
 
     TIELayerOptions options = kIEDefaultLayerOptions;
     TIEMouseInteractLayers interactLayers = 0;
+    const TIEMouseInteractions* router = nullptr;  // when set, its set counts
     double zoom = 1.0;
     bool fixedAspect = false;
     int cursor = crDefault;

@@ -1,0 +1,178 @@
+#include "imaging/IELayerCreateInteraction.h"
+
+#include <QFontMetricsF>
+#include <QGuiApplication>
+#include <cmath>
+#include <cstdlib>
+
+#include "imaging/IEImageLayer.h"
+#include "imaging/IEImageProc.h"
+#include "imaging/IELayerHitTest.h"
+#include "imaging/IELayerList.h"
+#include "imaging/IETextLayer.h"
+
+namespace qpt {
+
+namespace {
+
+// Height of one line of the layer's font, as the text box draws it.
+double TextLineHeight(const TIETextLayer& text) {
+    if (!qGuiApp) return 0;  // no font database without a GUI application
+    QFont font(text.Font.Name);
+    font.setPixelSize(std::max(1, int(std::lround(text.Font.Size * 96.0 / 72.0))));
+    font.setBold(text.Font.Bold);
+    font.setItalic(text.Font.Italic);
+    return QFontMetricsF(font).height();
+}
+
+}  // namespace
+
+QRect TIELayerCreateInteraction::PictureBox() const {
+    const TIELayer& back = Owner().Layers().Background();
+    return QRectF(back.PosX, back.PosY, back.Width, back.Height).toRect();
+}
+
+bool TIELayerCreateInteraction::PressBelongsToLayers(QPoint p) const {
+    TIEViewServices& view = Owner();
+    const TIEMouseInteractLayers interact = view.MouseInteractLayers();
+    if (!(interact & (mlMoveLayers | mlResizeLayers | mlEditLayerPoints))) return false;
+    const TIELayerList& layers = view.Layers();
+    return IEFindLayerAt(layers, p, view.ZoomD100()) >= 0 ||
+           IEFindGrip(layers, p, view.ZoomD100(), interact, view.LayerOptions()).Grip != ieNone;
+}
+
+bool TIELayerCreateInteraction::MouseDown(TIEMouseButton button, TIEShiftState shift, int x,
+                                          int y) {
+    if (!Enabled() || button != mbLeft) return false;
+    if (active_) Cancel();  // a release we never saw
+    LastX = x;
+    LastY = y;
+    if (PressBelongsToLayers(QPoint(x, y))) return false;
+    const QRect picture = PictureBox();
+    if ((Owner().LayerOptions() & loPreventOutOfBounds) && picture.width() > 1 &&
+        picture.height() > 1 && !picture.contains(x, y))
+        return false;
+    active_ = true;
+    undoSaved_ = false;
+    rect_ = QRect();
+    X1 = X2 = x;
+    Y1 = Y2 = y;
+    Owner().Layers().Notify(-1, ielBeginCreating);
+    Owner().UserInteraction(ieiLayerCreateStart);
+    // A text box (or any stamp) appears at the press, at its own size.
+    if (LayerKind == ielkText || (Owner().LayerOptions() & loStampMode)) {
+        Place(shift, true);
+        Enact();
+    }
+    return true;
+}
+
+bool TIELayerCreateInteraction::AcceptMove(int x, int y) const {
+    if (Owner().LayerOptions() & loStampMode) return true;
+    return ViewDistance(std::abs(x - LastX)) >= kDragThreshold &&
+           ViewDistance(std::abs(y - LastY)) >= kDragThreshold;
+}
+
+void TIELayerCreateInteraction::MouseMove(TIEShiftState shift, int x, int y) {
+    if (!active_ || !AcceptMove(x, y)) return;
+    const QRect client = Owner().ClientBitmapRect();
+    X2 = LastX = std::clamp(x, client.left(), client.left() + client.width());
+    Y2 = LastY = std::clamp(y, client.top(), client.top() + client.height());
+    Place(shift, false);
+}
+
+bool TIELayerCreateInteraction::MakeLayer(bool marker) {
+    TIELayerList& layers = Owner().Layers();
+    undoSaved_ = IEUserUndoWanted(Owner());
+    // A marker keeps the size the layer is made with; a drag gives its own.
+    const QRect r = DragRect(0);
+    std::optional<QSizeF> size;
+    if (!marker) size = QSizeF(std::max(r.width(), 1), std::max(r.height(), 1));
+    TIELayer* layer = layers.LayersAdd(LayerKind, QPointF(r.topLeft()), size, undoSaved_);
+    if (!layer) return false;
+    newLayer_ = layers.IndexOf(layer);
+    Owner().NewLayer(newLayer_, LayerKind);
+    return true;
+}
+
+QRect TIELayerCreateInteraction::DragRect(TIEShiftState shift) const {
+    int w = std::abs(X2 - X1), h = std::abs(Y2 - Y1);
+    if ((shift & ssShift) || Owner().FixedAspect()) w = h = std::min(w, h);
+    return QRect(std::min(X1, X2), std::min(Y1, Y2), w, h);
+}
+
+QRect TIELayerCreateInteraction::MarkerRect(const TIELayer& layer) const {
+    const int w = int(layer.Width);
+    int h = int(layer.Height);
+    if (layer.Kind() == ielkText)
+        h = std::max(h, int(TextLineHeight(static_cast<const TIETextLayer&>(layer))) + 5);
+    return QRect(X1 - w / 2, Y1 - h / 2, w, h);
+}
+
+void TIELayerCreateInteraction::Place(TIEShiftState shift, bool marker) {
+    if (newLayer_ < 0 && !MakeLayer(marker)) return;
+    TIELayerList& layers = Owner().Layers();
+    TIELayer& layer = *layers.GetLayer(newLayer_);
+    rect_ = marker ? MarkerRect(layer) : DragRect(shift);
+    QRectF box(rect_);
+    if (Owner().LayerOptions() & loPreventOutOfBounds) box &= QRectF(PictureBox());
+    Owner().LayerMoveSize(newLayer_, ielCreating, box);
+    layer.PosX = box.x();
+    layer.PosY = box.y();
+    layer.Width = box.width();
+    layer.Height = box.height();
+    if (layer.Kind() == ielkShape) {
+        // The arrow points away from the corner where the drag began.
+        layer.DragStart = Owner().BmpToView(QPoint(X1, Y1));
+        layer.DragEnd = Owner().BmpToView(QPoint(X2, Y2));
+    }
+    layer.Changed(true);
+    layers.Notify(newLayer_, ielCreating);
+    Owner().UserInteraction(ieiLayerCreating);
+    Owner().Update();
+}
+
+void TIELayerCreateInteraction::MouseUp(TIEMouseButton button, TIEShiftState, int, int) {
+    if (active_ && button == mbLeft) Enact();
+}
+
+void TIELayerCreateInteraction::Enact() {
+    TIEViewServices& view = Owner();
+    const bool keep = (view.LayerOptions() & loStampMode) || (active_ && LayerKind == ielkText) ||
+                      (rect_.width() > 4 && rect_.height() > 4);
+    if (!keep || newLayer_ < 0 ||
+        (LayerKind == ielkImage && (view.LayerOptions() & loAutoPromptForImage) &&
+         !view.PromptForImage(newLayer_))) {
+        Cancel();
+        return;
+    }
+    TIELayer& layer = *view.Layers().GetLayer(newLayer_);
+    if (layer.Width < 2 || layer.Height < 2) {
+        const QRect client = view.ClientBitmapRect();
+        layer.Width = client.width();
+        layer.Height = client.height();
+    }
+    layer.ApplyChanges();
+    view.Update();
+    const int index = newLayer_;
+    newLayer_ = -1;
+    active_ = false;
+    view.Layers().Notify(index, ielCreated);
+    view.UserInteraction(ieiLayerCreateEnacted);
+    if (LayerKind == ielkText && (view.LayerOptions() & loAutoTextEditing))
+        view.ActivateTextEditor(index);
+}
+
+void TIELayerCreateInteraction::Cancel() {
+    if (newLayer_ >= 0) {
+        Owner().Layers().LayersRemove(newLayer_);
+        // The step saved for the new layer goes with it, without a trace.
+        if (undoSaved_) Owner().Proc()->DiscardUndo(0);
+        Owner().Update();
+    }
+    active_ = false;
+    newLayer_ = -1;
+    undoSaved_ = false;
+}
+
+}  // namespace qpt
