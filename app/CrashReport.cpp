@@ -30,16 +30,14 @@ void StartReportSender(const QString& reportFile, const QString& message) {
         sender, {"/AntRun", "/App", "QptPin", "/Exception", message, "/files", reportFile});
 }
 
-[[noreturn]] void OnTerminate() {
-    QString message = QStringLiteral("unhandled exception");
+QString DescribeCurrentException() {
     try {
         if (auto current = std::current_exception()) std::rethrow_exception(current);
     } catch (const std::exception& e) {
-        message = QString::fromLocal8Bit(e.what());
+        return QString::fromLocal8Bit(e.what());
     } catch (...) {
     }
-    ReportCrash(message);
-    ProcessExit(kCrashExitCode);
+    return QStringLiteral("unhandled exception");
 }
 
 }  // namespace

@@ -13,8 +13,12 @@ void SetBugReportVersion(const QString& version);
 // process with a non-zero code.
 void ReportCrash(const QString& message);
 
-// Routes exceptions that escape everything else (std::terminate) to
-// ReportCrash, then ends the process with code 1.
+// Called while an exception is being handled (or from std::terminate):
+// reports it and ends the process with code 1.
+[[noreturn]] void CrashOnCurrentException();
+
+// Routes exceptions that escape everything else (std::terminate) to the same
+// crash path.
 void InstallCrashHandler();
 
 inline constexpr int kCrashExitCode = 1;

@@ -9,7 +9,6 @@
 #include "app/ModuleStartUp.h"
 #include "app/QptApplication.h"
 #include "support/Paths.h"
-#include "support/ProcessExit.h"
 
 namespace qpt {
 
@@ -33,12 +32,9 @@ int RunProcess(int argc, char** argv) {
     RunModuleStartUp();
     try {
         return RunEntry(argc, argv);
-    } catch (const std::exception& e) {
-        ReportCrash(QString::fromLocal8Bit(e.what()));
     } catch (...) {
-        ReportCrash(QStringLiteral("unhandled exception"));
+        CrashOnCurrentException();
     }
-    ProcessExit(kCrashExitCode);
 }
 
 }  // namespace qpt

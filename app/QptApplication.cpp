@@ -1,9 +1,6 @@
 #include "app/QptApplication.h"
 
-#include <exception>
-
 #include "app/CrashReport.h"
-#include "support/ProcessExit.h"
 
 namespace qpt {
 
@@ -16,12 +13,9 @@ TQptApplication::TQptApplication(int& argc, char** argv) : QApplication(argc, ar
 bool TQptApplication::notify(QObject* receiver, QEvent* event) {
     try {
         return QApplication::notify(receiver, event);
-    } catch (const std::exception& e) {
-        ReportCrash(QString::fromLocal8Bit(e.what()));
     } catch (...) {
-        ReportCrash(QStringLiteral("unhandled exception"));
+        CrashOnCurrentException();
     }
-    ProcessExit(kCrashExitCode);
 }
 
 }  // namespace qpt
