@@ -61,7 +61,6 @@ public:
     TBlockBand(int width, int blockSize)
         : width_(width),
           block_(blockSize),
-          across_((width + blockSize - 1) / blockSize),
           columns_(size_t(width) * 3),
           colours_(size_t(width) * 3) {}
 
@@ -89,22 +88,35 @@ public:
             c[i] += row[i];
     }
     // Makes the row of block colours for a band of rows rows: each block's
-    // sum divided by its own pixel count, truncating.
+    // sum divided by its own pixel count, truncating. The usual small block
+    // sides get loops the compiler can unroll: the per-block work dominates.
     void Average(int rows) {
         const uint64_t fullCount = uint64_t(block_) * uint64_t(rows);
         if (!full_ || full_->Count() != fullCount) full_.emplace(fullCount);
-        for (int b = 0; b < across_; ++b) {
-            const int x0 = b * block_, x1 = std::min(width_, x0 + block_);
-            uint64_t sum[3] = {0, 0, 0};
-            for (int x = x0; x < x1; ++x)
-                for (int c = 0; c < 3; ++c)
-                    sum[c] += columns_[size_t(x) * 3 + size_t(c)];
-            if (x1 - x0 != block_) edge_.emplace(uint64_t(x1 - x0) * uint64_t(rows));
-            const TDivider& divide = x1 - x0 == block_ ? *full_ : *edge_;
-            const uint8_t colour[3] = {divide(sum[0]), divide(sum[1]), divide(sum[2])};
-            for (int x = x0; x < x1; ++x)
-                std::memcpy(&colours_[size_t(x) * 3], colour, 3);
+        const int fullBlocks = width_ / block_;
+        switch (block_) {
+            case 2:
+                AverageRun<2>(0, fullBlocks, *full_);
+                break;
+            case 3:
+                AverageRun<3>(0, fullBlocks, *full_);
+                break;
+            case 4:
+                AverageRun<4>(0, fullBlocks, *full_);
+                break;
+            case 5:
+                AverageRun<5>(0, fullBlocks, *full_);
+                break;
+            case 6:
+                AverageRun<6>(0, fullBlocks, *full_);
+                break;
+            default:
+                AverageRun<0>(0, fullBlocks, *full_);
         }
+        const int rest = width_ - fullBlocks * block_;
+        if (rest == 0) return;
+        edge_.emplace(uint64_t(rest) * uint64_t(rows));
+        AverageRun<0>(fullBlocks * block_, 1, *edge_, rest);
     }
 
     const uint8_t* Colours() const {
@@ -112,7 +124,29 @@ public:
     }
 
 private:
-    int width_, block_, across_;
+    // Blocks of side B (or side when B is 0) from column first on.
+    template <int B>
+    void AverageRun(int first, int blocks, const TDivider& divide, int side = 0) {
+        const int n = B ? B : (side ? side : block_);
+        const uint32_t* col = columns_.data() + size_t(first) * 3;
+        uint8_t* out = colours_.data() + size_t(first) * 3;
+        for (int b = 0; b < blocks; ++b, col += 3 * n, out += 3 * n) {
+            uint64_t s0 = 0, s1 = 0, s2 = 0;
+            for (int x = 0; x < n; ++x) {
+                s0 += col[3 * x];
+                s1 += col[3 * x + 1];
+                s2 += col[3 * x + 2];
+            }
+            const uint8_t c0 = divide(s0), c1 = divide(s1), c2 = divide(s2);
+            for (int x = 0; x < n; ++x) {
+                out[3 * x] = c0;
+                out[3 * x + 1] = c1;
+                out[3 * x + 2] = c2;
+            }
+        }
+    }
+
+    int width_, block_;
     std::vector<uint32_t> columns_;
     std::vector<uint8_t> colours_;
     std::optional<TDivider> full_, edge_;
