@@ -1,0 +1,27 @@
+// Skinned controls are widgets: the whole skin test program runs under one
+// widget application, made before any test so that no test makes a lesser
+// application first.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+
+namespace {
+
+class WidgetApp : public ::testing::Environment {
+public:
+    void SetUp() override {
+        if (QCoreApplication::instance()) return;
+        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+        // One picture pixel is one screen pixel, as in the program.
+        qputenv("QT_ENABLE_HIGHDPI_SCALING", "0");
+        static int argc = 1;
+        static char name[] = "skin_tests";
+        static char* argv[] = {name, nullptr};
+        static QApplication app(argc, argv);
+    }
+};
+
+[[maybe_unused]] ::testing::Environment* const g_app =
+    ::testing::AddGlobalTestEnvironment(new WidgetApp);
+
+}  // namespace
