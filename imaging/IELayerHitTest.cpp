@@ -194,7 +194,8 @@ bool GripUsable(TIEGrip grip, const TIELayer& layer, double zoomD100,
 
 TIEGrip GripOf(const TIELayer& layer, QPointF p, double zoomD100, TIEMouseInteractLayers interact,
                TIELayerOptions options) {
-    if (layer.Locked) return ieNone;
+    // A layer the user cannot pick, such as the picture, offers no handles.
+    if (layer.Locked || !layer.Selectable) return ieNone;
     p = Unrotated(layer, p);
     const QRectF box = Box(layer);
     for (int g = ieTopLeft; g <= ieRotate; ++g) {

@@ -35,7 +35,7 @@ struct TIEGripHit {
 
 // The grip under p: those of the current layer first, in their fixed order,
 // then, with multi-selection, those of the other selected layers. A locked
-// layer has none.
+// or unselectable layer has none.
 TIEGripHit IEFindGrip(const TIELayerList& layers, QPointF p, double zoomD100,
                       TIEMouseInteractLayers interact, TIELayerOptions options);
 

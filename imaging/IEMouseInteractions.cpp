@@ -71,7 +71,6 @@ void TIEMouseInteractions::SetMouseInteractLayers(TIEMouseInteractLayers items) 
             points_.SetEnabled(true);
             break;
         }
-    if (items & mlEditLayerPoints) points_.SetEnabled(true);
     if (create_.Enabled() || points_.Enabled()) ClearSelection();
 }
 

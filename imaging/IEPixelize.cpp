@@ -55,7 +55,7 @@ private:
 };
 
 // Sums of one band of block rows: per byte column first (a contiguous add
-// the compiler turns into vector code), then per block.
+// over whole rows), then per block.
 class TBlockBand {
 public:
     TBlockBand(int width, int blockSize)

@@ -93,6 +93,10 @@ TEST_F(LayerMouseTest, GripsAreTestedInOrderAndOnlyOnUnlockedLayers) {
     EXPECT_EQ(other.Layer, 1);
     view_.Layers().GetLayer(2)->Locked = true;
     EXPECT_EQ(GripAt(204, 150), ieNone);
+
+    // The picture is never resized from its corners.
+    view_.Layers().SetLayersCurrent(0);
+    EXPECT_EQ(GripAt(0, 0), ieNone);
 }
 
 TEST_F(LayerMouseTest, MoveSavesOneUndoStepAtTheFirstRealMove) {
