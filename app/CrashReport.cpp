@@ -58,8 +58,13 @@ void ReportCrash(const QString& message) {
     StartReportSender(reportFile, message);
 }
 
+void CrashOnCurrentException() {
+    ReportCrash(DescribeCurrentException());
+    ProcessExit(kCrashExitCode);
+}
+
 void InstallCrashHandler() {
-    std::set_terminate(OnTerminate);
+    std::set_terminate(CrashOnCurrentException);
 }
 
 }  // namespace qpt
