@@ -1,5 +1,7 @@
 #include "imaging/IEMouseInteractions.h"
 
+#include <Qt>
+
 #include "imaging/IELayerHitTest.h"
 #include "imaging/IELayerList.h"
 
@@ -158,6 +160,24 @@ void TIEMouseInteractions::MouseUp(TIEMouseButton button, TIEShiftState shift, i
 void TIEMouseInteractions::Paint(TIEBitmap& backBuffer, const TIEViewMapping& mapping) {
     for (TIEUserInteraction* tool : tools_)
         if (tool->Enabled()) tool->Paint(backBuffer, mapping);
+}
+
+bool TIEMouseInteractions::KeyDown(int key) {
+    const bool escape = key == Qt::Key_Escape;
+    if (escape && retouch_.IsActive()) {
+        retouch_.Cancel();
+        return true;
+    }
+    if (!escape && key != Qt::Key_Delete) return false;
+    if (!(view_.LayerOptions() & loKeyboardShortcuts)) return false;
+    bool used = false;
+    for (TIEUserInteraction* tool :
+         {static_cast<TIEUserInteraction*>(&create_), static_cast<TIEUserInteraction*>(&points_)})
+        if (tool->IsActive()) {
+            tool->Cancel();
+            used = true;
+        }
+    return used;
 }
 
 void TIEMouseInteractions::Abandon() {

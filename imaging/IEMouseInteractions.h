@@ -36,6 +36,9 @@ public:
     void Paint(TIEBitmap& backBuffer, const TIEViewMapping& mapping);
     // The view lost the mouse or another tool comes: drop what runs.
     void Abandon();
+    // Esc ends a retouch stroke; with keyboard shortcuts on, Esc or Delete
+    // also drops a layer being drawn. True when the key was used.
+    bool KeyDown(int key);
 
 private:
     void ClearSelection();

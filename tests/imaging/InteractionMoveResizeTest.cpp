@@ -210,5 +210,24 @@ TEST_F(LayerMouseTest, InteractionPropertiesArmTheirTools) {
     EXPECT_EQ(view_.Picture().Scanline(10)[30], 0);
 }
 
+TEST_F(LayerMouseTest, EscapeOrDeleteDropsTheLayerBeingDrawn) {
+    mouse_.SetMouseInteractLayers(mlCreateShapeLayers);
+    mouse_.MouseDown(mbLeft, 0, 50, 50);
+    mouse_.MouseMove(ssLeft, 90, 90);
+    ASSERT_EQ(view_.Layers().LayersCount(), 2);
+    EXPECT_FALSE(mouse_.KeyDown(Qt::Key_A));
+    EXPECT_TRUE(mouse_.KeyDown(Qt::Key_Delete));
+    EXPECT_EQ(view_.Layers().LayersCount(), 1);
+    EXPECT_EQ(view_.UndoStore().UndoCount(), 0);
+    mouse_.MouseUp(mbLeft, 0, 90, 90);
+    EXPECT_EQ(view_.Layers().LayersCount(), 1);
+
+    view_.options &= ~loKeyboardShortcuts;
+    mouse_.MouseDown(mbLeft, 0, 50, 50);
+    mouse_.MouseMove(ssLeft, 90, 90);
+    EXPECT_FALSE(mouse_.KeyDown(Qt::Key_Escape));
+    EXPECT_EQ(view_.Layers().LayersCount(), 2);
+}
+
 }  // namespace
 }  // namespace qpt
