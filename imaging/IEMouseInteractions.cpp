@@ -145,8 +145,6 @@ void TIEMouseInteractions::Hover(QPoint p) {
             IEFindGrip(layers, p, view_.ZoomD100(), layers_, view_.LayerOptions()).Grip);
     if (cursor < 0 && (layers_ & mlMoveLayers) && IEFindLayerAt(layers, p, view_.ZoomD100()) >= 0)
         cursor = crIEMoveLayer;
-    if (cursor == shownCursor_) return;
-    shownCursor_ = cursor;
     view_.ShowCursor(cursor);
 }
 

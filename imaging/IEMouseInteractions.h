@@ -54,7 +54,6 @@ private:
     TIELayerResizeInteraction resize_;
     TIEMouseInteractLayers layers_ = 0;
     TIEMouseInteractGeneral general_ = 0;
-    int shownCursor_ = -1;
 };
 
 }  // namespace qpt
