@@ -6,6 +6,7 @@
 #include <atomic>
 #include <vector>
 
+#include "skin/RdControl.h"
 #include "skin/RdFont.h"
 #include "skin/RdLog.h"
 #include "skin/RdPictureProperty.h"
@@ -55,7 +56,9 @@ public:
             widget_->setUpdatesEnabled(false);
         else
             widget_ = nullptr;
-        font_ = qobject_cast<TRdFont*>(owner);
+        // A control's font lines come one by one: its font tells once.
+        auto* control = qobject_cast<TRdControl*>(owner);
+        font_ = control ? control->Font() : qobject_cast<TRdFont*>(owner);
         if (font_) font_->BeginUpdate();
     }
     ~TUpdateBlocker() {

@@ -117,6 +117,9 @@ bool TSkinReader::IsOurs(const QMetaProperty& property) {
 // widget, while a skin line "font.Height" means the control's Font.
 QMetaProperty TSkinReader::FindProperty(const QObject* object, const QString& name) {
     const QMetaObject* meta = object->metaObject();
+    // Skin lines mostly spell names as declared: no scan for those.
+    const int exact = meta->indexOfProperty(name.toLatin1().constData());
+    if (exact >= 0 && IsOurs(meta->property(exact))) return meta->property(exact);
     QMetaProperty fallback;
     int fallbackRank = 4;
     for (int i = 0; i < meta->propertyCount(); ++i) {
