@@ -1,17 +1,23 @@
 #include "app/FormSequence.h"
 
-#include <cstdio>
-
+#include "app/FormPinned.h"
 #include "app/HandOver.h"
+#include "imaging/IEFileBuffer.h"
+#include "support/Paths.h"
 #include "support/ProcessExit.h"
 
 namespace qpt {
 
-bool CreateForms(const QStringList&) {
+bool CreateForms(const QStringList& arguments) {
     const THandOver handOver = ReadHandOver();
     if (!HandOverPictureExists(handOver)) ProcessExit(0);
-    std::fprintf(stderr, "QptPin: the pinned window is not built yet; nothing to show.\n");
-    return false;
+    // Picture stores and undo steps go to the same private folder.
+    IESetTempFolder(GetTempFolder());
+    // The forms live as long as the process; it never ends through them.
+    auto* pinned = new TFormPinned(arguments);
+    pinned->FormCreate();
+    pinned->show();
+    return true;
 }
 
 }  // namespace qpt

@@ -1,0 +1,268 @@
+#include "app/FormPinned.h"
+
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QMouseEvent>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <cstdio>
+
+#include "app/CommandLine.h"
+#include "app/HandOver.h"
+#include "app/SessionState.h"
+#include "imaging/IEImageLayer.h"
+#include "imaging/IEImageProc.h"
+#include "imaging/IERetouchToolInteraction.h"
+#include "imaging/view/IEImageView.h"
+#include "support/Language.h"
+#include "support/Paths.h"
+#include "support/ProcessExit.h"
+#include "support/ProductStat.h"
+#include "support/QptMessages.h"
+#include "support/Scale.h"
+#include "support/ScreenRecordSettingsData.h"
+
+namespace qpt {
+
+namespace {
+
+// The scroll bar is drawn thinner than its nominal 17 pixels, so that the
+// window needs only 9 more to show it.
+constexpr int kBarThickness = 17;
+constexpr int kBarShownWidth = 9;
+
+}  // namespace
+
+TFormPinned::TFormPinned(const QStringList& arguments, QWidget* parent)
+    : QWidget(parent, Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::Tool),
+      arguments_(arguments) {
+    setWindowTitle(QStringLiteral("Zelk Screenshot"));
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    QFont font(QStringLiteral("Tahoma"));
+    font.setPixelSize(11);
+    setFont(font);
+    resize(545, 382);
+
+    RdSB_ImageFont = new QScrollArea(this);
+    RdSB_ImageFont->setFrameShape(QFrame::NoFrame);
+    RdSB_ImageFont->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    RdSB_ImageFont->verticalScrollBar()->setStyleSheet(
+        QStringLiteral("QScrollBar:vertical { width: %1px; }").arg(kBarShownWidth));
+    RdSB_ImageFont->verticalScrollBar()->setSingleStep(1);
+    RdSB_ImageFont->setGeometry(0, 0, 545, 382);
+
+    Image_Front = new TIEImageView;
+    Image_Front->SetBackground(clBtnFace);
+    Image_Front->ScrollBars = ssNone;
+    Image_Front->BorderStyle = bsNone;
+    Image_Front->MouseWheelAction = iemwNone;
+    Image_Front->LayersFastDrawing = iefNormal;
+    Image_Front->resize(545, 382);
+    RdSB_ImageFont->setWidget(Image_Front);
+    RdSB_ImageFont->setWidgetResizable(false);
+
+    Image_Front->OnMouseDown = [this](Qt::MouseButton b, int x, int y) {
+        Image_FrontMouseDown(b, x, y);
+    };
+    Image_Front->OnMouseMove = [this](Qt::MouseButtons, int x, int y) {
+        Image_FrontMouseMove(x, y);
+    };
+    Image_Front->OnMouseUp = [this](Qt::MouseButton b, int, int) { Image_FrontMouseUp(b); };
+    connect(qGuiApp, &QGuiApplication::applicationStateChanged, this,
+            [this](Qt::ApplicationState state) {
+                const bool active = state == Qt::ApplicationActive;
+                if (active == applicationActive_) return;
+                applicationActive_ = active;
+                WMACTIVATEAPP(active);
+            });
+}
+
+void TFormPinned::FormCreate() {
+    ProductStatInit(ProgramFolder());
+    DecideScale();
+    if (Language()) FetchMessageTexts(*Language());
+    StartTime = QDateTime::currentDateTime();
+    ZoomStep = 10;
+    ZoomBaseWidth = 0;
+    ReadOutputDefaults();
+
+    const THandOver handOver = ReadHandOver();
+    PinRect = handOver.rect;
+    if (!HandOverPictureExists(handOver)) ProcessExit(0);
+    Image_Front->SetZoomFilter(rfLinear);
+    // The host's file may carry another extension than its content.
+    Image_Front->IO().LoadFromFile(handOver.picturePath, true);
+    SizeWindow(CurrentScreenLayout());
+}
+
+void TFormPinned::DecideScale() {
+    bool scaled = false;
+    if (QScreen* screen = QGuiApplication::primaryScreen())
+        scaled =
+            IsHighDPIScreen(screen->availableGeometry().size(), int(screen->logicalDotsPerInchY()));
+    if (FirstArgumentIs(arguments_, "/Scale")) scaled = true;
+    SetScaleEnabled(scaled);
+    SkinRccFile = ChooseSkinRccFile(scaled, ProgramFolder());
+}
+
+void TFormPinned::ReadOutputDefaults() {
+    if (TScreenRecordSettingsData* settings = SettingsData()) {
+        DefaultImageExt = "." + settings->FormatName().toLower();
+        JpegQuality = settings->JpegQuality;
+    }
+    if (DefaultImageExt.isEmpty()) DefaultImageExt = QStringLiteral(".jpeg");
+    if (JpegQuality < 1 || JpegQuality > 100) JpegQuality = 90;
+}
+
+void TFormPinned::SizeWindow(const TScreenLayout& screens) {
+    QRect place = PinnedWindowRect(PinRect);
+    const int limit = PinnedHeightLimit(screens);
+    const bool cut = place.height() > limit;
+    if (cut) place.setHeight(limit);
+    setGeometry(place);
+    RdSB_ImageFont->setGeometry(0, 0, place.width(), place.height());
+
+    const TIEBitmap& picture = *Image_Front->Layers().Background().Bitmap();
+    // A picture cut to the limit, or exactly as tall as it, scrolls; any
+    // lower one keeps a window of exactly its rectangle.
+    const bool scrolls = cut || picture.Height() == limit;
+    RdSB_ImageFont->setVerticalScrollBarPolicy(scrolls ? Qt::ScrollBarAlwaysOn
+                                                       : Qt::ScrollBarAlwaysOff);
+    // Taller than the box on purpose, so that a box that only just fits
+    // finds its bar when the window is shown.
+    Image_Front->resize(picture.Width(), picture.Height() + kBarThickness);
+}
+
+void TFormPinned::FormShow() {
+    if (Image_Front->height() > height() && ShowsVerticalBar(*RdSB_ImageFont)) {
+        resize(width() + kBarShownWidth, height());
+        RdSB_ImageFont->resize(size());
+    }
+    const TIEBitmap& picture = *Image_Front->Layers().Background().Bitmap();
+    Image_Front->resize(picture.Width(), picture.Height());
+    if (!ShowsVerticalBar(*RdSB_ImageFont))
+        RdSB_ImageFont->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    InitialWidth = width();
+    InitialHeight = height();
+    if (IsWholeScreenRect(PinRect, CurrentScreenLayout()) && Bars.ToolsExist()) {
+        if (Bars.UpdateBarLayout) Bars.UpdateBarLayout(PinRect);
+        Bars.ShowTools();
+    }
+    Image_Front->Proc()->SetUndoLimit(100);
+    Image_Front->SetLayersCurrent(0);
+    Image_Front->Layers().Background().Selectable = false;
+    Image_Front->LayersDeselectAll();
+    Image_Front->SetCursor(crSizeAll);
+    Image_Front->EnableInteractionHints = false;
+    ArmToolForTests();
+}
+
+void TFormPinned::showEvent(QShowEvent* event) {
+    if (!shown_) {
+        shown_ = true;
+        FormShow();
+    }
+    QWidget::showEvent(event);
+}
+
+void TFormPinned::mousePressEvent(QMouseEvent* event) {
+    const QPoint at = event->position().toPoint();
+    Image_FrontMouseDown(event->button(), at.x(), at.y());
+}
+
+void TFormPinned::Image_FrontMouseDown(Qt::MouseButton button, int x, int y) {
+    if (FolderDialogOpen) {
+        if (Bars.SavePathExists() && TPinnedBars::Ask(Bars.SavePathVisible))
+            TPinnedBars::Call(Bars.RaiseSavePath);
+        return;
+    }
+    // With the style bar up, the press belongs to the annotation engine.
+    if (TPinnedBars::Ask(Bars.SmallToolsVisible)) return;
+    Dragging = false;
+    if (button != Qt::LeftButton) return;
+    Dragging = true;
+    DragX = x;
+    DragY = y;
+    TPinnedBars::Call(Bars.HideTools);
+    TPinnedBars::Call(Bars.HideSavePath);
+}
+
+void TFormPinned::Image_FrontMouseMove(int x, int y) {
+    if (FolderDialogOpen) return;
+    if (Dragging && Image_Front->Cursor() == crSizeAll)
+        setGeometry(x - DragX + this->x(), y - DragY + this->y(), width(), height());
+    // Over a tall picture the wheel is to scroll it without a click first.
+    if (RdSB_ImageFont->focusPolicy() != Qt::NoFocus &&
+        Image_Front->height() > RdSB_ImageFont->height() && ShowsVerticalBar(*RdSB_ImageFont) &&
+        !TPinnedBars::Ask(Bars.MsgVisible))
+        RdSB_ImageFont->setFocus(Qt::MouseFocusReason);
+    // The stay-on-top forms compete; the style bar is put back on top.
+    if (TPinnedBars::Ask(Bars.SmallToolsVisible) && ToolArmed)
+        TPinnedBars::Call(Bars.RaiseSmallTools);
+}
+
+void TFormPinned::Image_FrontMouseUp(Qt::MouseButton) {
+    if (FolderDialogOpen) return;
+    if (!Dragging) return;
+    Dragging = false;
+    if (!Bars.ToolsExist()) return;
+    if (Bars.UpdateBarLayout) Bars.UpdateBarLayout(PinnedRect());
+    Bars.ShowTools();
+}
+
+void TFormPinned::WMACTIVATEAPP(bool active) {
+    // Their dialogs take the activation away on purpose.
+    if (FolderDialogOpen || SaveInProgress) return;
+    const bool toolsShown = Bars.ToolsExist() && TPinnedBars::Ask(Bars.ToolsVisible);
+    if (active) {
+        if (!toolsShown) return;
+        if (Bars.UpdateBarLayout) Bars.UpdateBarLayout(PinnedRect());
+        Bars.ShowTools();
+        return;
+    }
+    if (TPinnedBars::Ask(Bars.SmallToolsVisible)) TPinnedBars::Call(Bars.HideSmallTools);
+    if (toolsShown) {
+        // Leaving the program bakes the marks into the picture.
+        TPinnedBars::Call(Bars.InitPicSave);
+        TPinnedBars::Call(Bars.HideTools);
+        TPinnedBars::Call(Bars.ResetToolButtons);
+        Image_Front->SetCursor(crSizeAll);
+        Image_Front->SetMouseInteractLayers(mlResizeLayers);
+    }
+    if (Bars.SavePathExists() && TPinnedBars::Ask(Bars.SavePathVisible)) Bars.HideSavePath();
+    ToolArmed = 0;
+}
+
+bool TFormPinned::event(QEvent* event) {
+    const bool result = QWidget::event(event);
+#ifdef QPT_TEST_HOOKS
+    // The first paint of the window, for start-up measurements.
+    if (event->type() == QEvent::UpdateRequest && !painted_ && isVisible()) {
+        painted_ = true;
+        if (qEnvironmentVariableIntValue("QPT_DEBUG") == 1)
+            std::fprintf(stderr, "QptPin: first paint\n");
+    }
+#endif
+    return result;
+}
+
+// Arms a tool as the toolbar would, through the view's own interface, so
+// that end-to-end tests can draw before the toolbar exists.
+void TFormPinned::ArmToolForTests() {
+#ifdef QPT_TEST_HOOKS
+    const QByteArray tool = qgetenv("QPT_TEST_ARM_TOOL");
+    if (tool.isEmpty()) return;
+    Image_Front->SetCursor(crDefault);
+    if (tool == "rectangle") Image_Front->SetMouseInteractLayers(mlCreateShapeLayers);
+    if (tool == "mosaic") {
+        Image_Front->Interactions().RetouchTool().SetRetouchMode(
+            TIERetouchToolInteraction::kPixelateMode);
+        Image_Front->SetMouseInteractGeneral(miRetouchTool);
+    }
+    ToolArmed = 1;
+#endif
+}
+
+}  // namespace qpt

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <QDateTime>
+#include <QStringList>
+#include <QWidget>
+
+#include "app/PinnedBars.h"
+#include "app/ScreenLayout.h"
+
+class QScrollArea;
+
+namespace qpt {
+
+class TIEImageView;
+
+// The main form: the captured picture, borderless and above other windows,
+// at the very place it was captured, one picture pixel per screen pixel.
+// The left button drags it; the bars float around it.
+class TFormPinned : public QWidget {
+    Q_OBJECT
+public:
+    explicit TFormPinned(const QStringList& arguments, QWidget* parent = nullptr);
+
+    // Reads the hand-over, loads the picture and sizes the window; ends the
+    // process when there is no picture.
+    void FormCreate();
+    // Settles the scroll bar, the undo limit and the drag cursor; runs once,
+    // as the window is first shown.
+    void FormShow();
+
+    void Image_FrontMouseDown(Qt::MouseButton button, int x, int y);
+    void Image_FrontMouseMove(int x, int y);
+    void Image_FrontMouseUp(Qt::MouseButton button);
+    // The application gained (true) or lost the activation.
+    void WMACTIVATEAPP(bool active);
+
+    QScrollArea* RdSB_ImageFont = nullptr;
+    TIEImageView* Image_Front = nullptr;
+
+    bool Dragging = false;
+    int DragX = 0;
+    int DragY = 0;
+    QRect PinRect;
+    int InitialWidth = 0;
+    int InitialHeight = 0;
+    int ZoomBaseWidth = 0;
+    QDateTime StartTime;
+    // The skin package for the decided scale.
+    QString SkinRccFile = QStringLiteral("classic.rcc");
+    TPinnedBars Bars;
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    bool event(QEvent* event) override;
+
+private:
+    void DecideScale();
+    void ReadOutputDefaults();
+    void SizeWindow(const TScreenLayout& screens);
+    // The window rectangle the bars lay themselves out against.
+    QRect PinnedRect() const { return QRect(x(), y(), width(), height()); }
+    void ArmToolForTests();
+
+    QStringList arguments_;
+    bool shown_ = false;
+    bool painted_ = false;
+    bool applicationActive_ = false;
+};
+
+}  // namespace qpt

@@ -1,0 +1,350 @@
+#include "imaging/view/IEImageView.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <cmath>
+
+#include "imaging/IEImageLayer.h"
+#include "imaging/IETextLayer.h"
+#include "imaging/view/IETextControl.h"
+#include "imaging/view/IEViewCursors.h"
+
+namespace qpt {
+
+namespace {
+
+TIEMouseButton ToolButton(Qt::MouseButton button) {
+    if (button == Qt::RightButton) return mbRight;
+    if (button == Qt::MiddleButton) return mbMiddle;
+    return mbLeft;
+}
+
+TIEShiftState ShiftOf(const QMouseEvent* event) {
+    TIEShiftState shift = 0;
+    const Qt::KeyboardModifiers keys = event->modifiers();
+    if (keys & Qt::ShiftModifier) shift |= ssShift;
+    if (keys & Qt::AltModifier) shift |= ssAlt;
+    if (keys & Qt::ControlModifier) shift |= ssCtrl;
+    const Qt::MouseButtons buttons = event->buttons() | event->button();
+    if (buttons & Qt::LeftButton) shift |= ssLeft;
+    if (buttons & Qt::RightButton) shift |= ssRight;
+    if (buttons & Qt::MiddleButton) shift |= ssMiddle;
+    return shift;
+}
+
+}  // namespace
+
+TIEImageView::TIEImageView(QWidget* parent)
+    : QWidget(parent), undoTarget_(layers_, [this] { Update(); }) {
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setMouseTracking(true);
+    setFocusPolicy(Qt::ClickFocus);
+    compositor_.Background = clBtnFace;
+    compositor_.ZoomFilter = zoomFilter_;
+    layers_.BackgroundColor = clBtnFace;
+    layers_.OnSaveObjectsUndo = [this] { Proc()->SaveUndo(ieuObjectsAndLayers); };
+    layers_.OnLayerNotifyEx = [this](int index, TIELayerEvent event) {
+        if (OnLayerNotifyEx) OnLayerNotifyEx(index, event);
+    };
+    layers_.ViewToBitmap = [this](QPoint p) { return QPointF(BitmapPos(p)); };
+    layers_.Background().VisibleBox = false;
+
+    editor_ = new TIETextControl(this);
+    ApplyCursor();
+}
+
+TIEImageView::~TIEImageView() {
+    // Tools may still ask the view for an update while they go.
+    ++paintLock_;
+}
+
+void TIEImageView::SetBackground(TColor color) {
+    compositor_.Background = color;
+    layers_.BackgroundColor = color;
+    compositor_.Invalidate();
+    Update();
+}
+
+void TIEImageView::SetCenter(bool center) {
+    center_ = center;
+    Update();
+}
+
+void TIEImageView::SetZoomFilter(TResampleFilter filter) {
+    zoomFilter_ = filter;
+    compositor_.ZoomFilter = filter;
+    compositor_.Invalidate();
+    Update();
+}
+
+void TIEImageView::SetZoom(double percent) {
+    if (percent <= 0 || (percent == mapping().ZoomX() && percent == mapping().ZoomY())) return;
+    compositor_.Mapping.SetZoom(percent);
+    // Layout depends on the bars and the bars on the layout.
+    Update();
+    Update();
+    if (EditingLayer() >= 0) LayersCancelEditors(true);
+}
+
+void TIEImageView::ZoomAt(int x, int y, double percent, bool center) {
+    if (percent <= 0 || (percent == mapping().ZoomX() && percent == mapping().ZoomY())) return;
+    LockPaint();
+    const int bx = XScr2Bmp(x), by = YScr2Bmp(y);
+    SetZoom(percent);
+    const double z = mapping().ZoomD100X();
+    int viewX, viewY;
+    if (center) {
+        viewX = int(std::lround(bx * z - width() / 2.0));
+        viewY = int(std::lround(by * z - height() / 2.0));
+    } else {
+        // The percent / 100 term has always been part of this placement.
+        viewX = int(std::lround(OffsetX() + (bx * z - x) + percent / 100));
+        viewY = int(std::lround(OffsetY() + (by * z - y) + percent / 100));
+    }
+    SetViewXY(viewX, viewY);
+    UnlockPaint();
+}
+
+void TIEImageView::SetViewXY(int x, int y) {
+    const int oldX = ViewX(), oldY = ViewY();
+    compositor_.Mapping.SetViewXY(x, y);
+    if (ViewX() == oldX && ViewY() == oldY) return;
+    compositor_.Invalidate();
+    Update();
+}
+
+void TIEImageView::Layout() {
+    const TIEViewMapping before = mapping();
+    const TIEBitmap& picture = layers_.Background().Picture();
+    compositor_.Mapping.SetLayout(picture.Width(), picture.Height(), width(), height(), center_);
+    const TIEViewMapping& now = mapping();
+    layers_.ClientSize = QSizeF(width() * now.Zoom100DX(), height() * now.Zoom100DY());
+    if (now.OffsetX() != before.OffsetX() || now.OffsetY() != before.OffsetY() ||
+        now.ViewX() != before.ViewX() || now.ViewY() != before.ViewY() ||
+        now.ZoomX() != before.ZoomX() || now.BitmapWidth() != before.BitmapWidth() ||
+        now.BitmapHeight() != before.BitmapHeight())
+        compositor_.Invalidate();
+}
+
+void TIEImageView::Update() {
+    if (paintLock_ > 0) return;
+    Layout();
+    Invalidate();
+}
+
+void TIEImageView::UnlockPaint() {
+    if (paintLock_ > 0 && --paintLock_ == 0) Update();
+}
+
+// The back buffer is brought up to date at once, so that only what changed
+// goes to the window; a hidden view waits for its first paint.
+void TIEImageView::Invalidate() {
+    stale_ = true;
+    if (isVisible()) QWidget::update(Compose());
+}
+
+QRegion TIEImageView::Compose() {
+    if (previewShown_) compositor_.Invalidate();
+    QRegion damage = compositor_.Compose(layers_);
+    mouse_.Paint(BackBuffer(), mapping());
+    const bool preview = mouse_.RetouchTool().IsActive();
+    if (preview || previewShown_) damage = rect();
+    previewShown_ = preview;
+    stale_ = false;
+    return damage;
+}
+
+void TIEImageView::paintEvent(QPaintEvent* event) {
+    if (stale_) Compose();
+    QPainter painter(this);
+    QImage back = BackBuffer().WrapQImage();
+    const QRect backRect = back.isNull() ? QRect() : back.rect();
+    for (const QRect& r : event->region()) {
+        const QRect inside = r & backRect;
+        if (!inside.isEmpty()) painter.drawImage(inside.topLeft(), back, inside);
+        for (const QRect& rest : QRegion(r) - backRect)
+            painter.fillRect(rest, IETextQColor(Background()));
+    }
+}
+
+void TIEImageView::resizeEvent(QResizeEvent*) {
+    Update();
+}
+
+TIEBitmap* TIEImageView::IEBitmap() {
+    return IEWorkingLayer(*this).Bitmap();
+}
+
+QImage* TIEImageView::Bitmap() {
+    SetLegacyBitmap(true);
+    return IEBitmap()->VclBitmap();
+}
+
+void TIEImageView::SetLegacyBitmap(bool on) {
+    if (on == legacyBitmap_) return;
+    legacyBitmap_ = on;
+    IEBitmap()->SetLocation(on ? ieTBitmap : ieMemory);
+    compositor_.Invalidate();
+    Update();
+}
+
+TIEImageProc* TIEImageView::Proc() {
+    if (!proc_) proc_ = std::make_unique<TIEImageProc>(&undoTarget_);
+    return proc_.get();
+}
+
+TIEImageIO& TIEImageView::IO() {
+    if (!io_) {
+        io_ = std::make_unique<TIEImageIO>(layers_.Background().Bitmap());
+        io_->OnLoaded = [this] {
+            layers_.Background().FitToBitmap();
+            layers_.Background().Changed();
+            compositor_.Invalidate();
+            Update();
+        };
+    }
+    return *io_;
+}
+
+void TIEImageView::SetLayersCurrent(int index) {
+    layers_.SetLayersCurrent(index);
+    Update();
+}
+
+void TIEImageView::LayersDeselectAll() {
+    for (int i = 0; i < layers_.LayersCount(); ++i)
+        layers_.GetLayer(i)->Selected = false;
+    Update();
+}
+
+void TIEImageView::SetLayerOptions(TIELayerOptions options) {
+    const TIELayerOptions changed = layerOptions_ ^ options;
+    layerOptions_ = options;
+    layers_.AllowMultiSelect = options & loAllowMultiSelect;
+    if ((changed & loAllowMultiSelect) && !(options & loAllowMultiSelect)) {
+        for (int i = 0; i < layers_.LayersCount(); ++i)
+            if (i != LayersCurrent()) layers_.GetLayer(i)->Selected = false;
+        Update();
+    }
+    if (changed & loDynamicCanvas) Update();
+}
+
+void TIEImageView::SetMouseInteractLayers(TIEMouseInteractLayers items) {
+    mouse_.SetMouseInteractLayers(items);
+    ToolsChanged();
+}
+
+void TIEImageView::SetMouseInteractGeneral(TIEMouseInteractGeneral items) {
+    mouse_.SetMouseInteractGeneral(items);
+    ToolsChanged();
+}
+
+void TIEImageView::ToolsChanged() {
+    // The grip pass runs only while a layer interaction is armed.
+    compositor_.ShowGrips = MouseInteractLayers() != 0;
+    ApplyCursor();
+    Update();
+}
+
+void TIEImageView::SetCursor(int cursor) {
+    if (OnSetCursor) OnSetCursor(cursor);
+    cursor_ = cursor;
+    ApplyCursor();
+}
+
+void TIEImageView::ShowCursor(int cursor) {
+    shownCursor_ = cursor;
+    ApplyCursor();
+}
+
+void TIEImageView::ApplyCursor() {
+    const TIERetouchToolInteraction& retouch = mouse_.RetouchTool();
+    const bool ring = retouch.Enabled() && shownCursor_ < 0 && cursor_ != crSizeAll;
+    if (ring)
+        setCursor(IERingCursor(retouch.ZoneCursorSize()));
+    else
+        setCursor(IEQtCursorShape(ShownCursor()));
+}
+
+QRect TIEImageView::ClientBitmapRect() const {
+    return QRect(BitmapPos(QPoint(0, 0)), BitmapPos(QPoint(width() - 1, height() - 1)));
+}
+
+void TIEImageView::RepaintBitmapRect(const QRect&) {
+    // The preview is drawn over the composed layers; it is composed anew.
+    previewShown_ = true;
+    Invalidate();
+}
+
+void TIEImageView::NewLayer(int index, TIELayerKind kind) {
+    if (OnNewLayer) OnNewLayer(index, kind);
+}
+
+void TIEImageView::UserInteraction(TIEUserInteractionEvent event) {
+    if (OnUserInteraction) OnUserInteraction(event);
+}
+
+// Positions come from the global pointer and the control's own idea of its
+// place, so that they stay right while the window is being moved.
+QPoint TIEImageView::ClientPos(const QMouseEvent* event) const {
+    return mapFromGlobal(event->globalPosition().toPoint());
+}
+
+void TIEImageView::mousePressEvent(QMouseEvent* event) {
+    const QPoint at = ClientPos(event);
+    if (OnMouseDown) OnMouseDown(event->button(), at.x(), at.y());
+    if (window()->isVisible() && focusPolicy() != Qt::NoFocus) setFocus(Qt::MouseFocusReason);
+    if (EditingLayer() >= 0 && event->button() == Qt::LeftButton) LayersCancelEditors(true);
+    const QPoint b = BitmapPos(at);
+    mouse_.MouseDown(ToolButton(event->button()), ShiftOf(event), b.x(), b.y());
+}
+
+void TIEImageView::mouseMoveEvent(QMouseEvent* event) {
+    const QPoint at = ClientPos(event);
+    if (OnMouseMove) OnMouseMove(event->buttons(), at.x(), at.y());
+    const QPoint b = BitmapPos(at);
+    mouse_.MouseMove(ShiftOf(event), b.x(), b.y());
+}
+
+void TIEImageView::mouseReleaseEvent(QMouseEvent* event) {
+    const QPoint at = ClientPos(event);
+    if (OnMouseUp) OnMouseUp(event->button(), at.x(), at.y());
+    const QPoint b = BitmapPos(at);
+    mouse_.MouseUp(ToolButton(event->button()), ShiftOf(event), b.x(), b.y());
+}
+
+// The wheel belongs to whatever holds the view (a scroll box scrolls it).
+void TIEImageView::wheelEvent(QWheelEvent* event) {
+    event->ignore();
+}
+
+void TIEImageView::LayersActivateTextEditor(int index) {
+    auto* layer = dynamic_cast<TIETextLayer*>(layers_.GetLayer(index));
+    if (!layer) return;
+    if (EditingLayer() >= 0) LayersCancelEditors(true);
+    compositor_.EditingLayer = index;
+    Update();
+    editor_->Load(*layer, Zoom(), compositor_.LayerRect(*layer));
+    if (OnActivateTextEditor) OnActivateTextEditor();
+}
+
+void TIEImageView::LayersCancelEditors(bool accept) {
+    const int index = EditingLayer();
+    auto* layer = dynamic_cast<TIETextLayer*>(layers_.GetLayer(index));
+    if (!layer) return;
+    const QString text = editor_->Text();
+    if (accept) {
+        IESaveUserUndo(*this, ieuLayer);
+        layer->SetText(text);
+        layer->Changed();
+    }
+    editor_->hide();
+    compositor_.EditingLayer = -1;
+    if (OnDeactivateTextEditor) OnDeactivateTextEditor();
+    // A click with the text tool and nothing typed leaves nothing behind.
+    if (text.isEmpty() && index == LayersCurrent()) layers_.LayersRemove(index);
+    compositor_.Invalidate();
+    Update();
+}
+
+}  // namespace qpt

@@ -1,0 +1,309 @@
+// The image view on the offscreen platform: what it paints, where a click
+// lands in the picture, the text editor and the cursor values.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QMouseEvent>
+#include <QWheelEvent>
+
+#include "imaging/IEImageLayer.h"
+#include "imaging/IEShapeLayer.h"
+#include "imaging/IETextLayer.h"
+#include "imaging/view/IEImageView.h"
+#include "imaging/view/IETextControl.h"
+
+namespace qpt {
+namespace {
+
+QApplication& App() {
+    static int argc = 1;
+    static char name[] = "imageview_tests";
+    static char* argv[] = {name, nullptr};
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    static QApplication app(argc, argv);
+    return app;
+}
+
+struct ApplicationFirst {
+    ApplicationFirst() { App(); }
+};
+
+// Every pixel tells its own coordinates: red and green the low bytes of x
+// and y, blue their high bits.
+QRgb CoordinateColour(int x, int y) {
+    return qRgb(x & 255, y & 255, ((x >> 8) & 15) | (((y >> 8) & 15) << 4));
+}
+
+void LoadCoordinatePicture(TIEImageView& view, int width, int height) {
+    QImage image(width, height, QImage::Format_RGB32);
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x)
+            image.setPixel(x, y, CoordinateColour(x, y));
+    view.Layers().Background().Bitmap()->Assign(image);
+    view.Layers().Background().FitToBitmap();
+    view.Layers().Background().Changed();
+    view.Update();
+}
+
+class ImageView : public ::testing::Test {
+protected:
+    void SetUp() override { view.resize(640, 480); }
+    QImage Shown() { return view.grab().toImage().convertToFormat(QImage::Format_RGB32); }
+    void Send(QEvent::Type type, QPoint at, Qt::MouseButton button, Qt::MouseButtons buttons) {
+        QMouseEvent event(type, QPointF(at), QPointF(view.mapToGlobal(at)), button, buttons,
+                          Qt::NoModifier);
+        QCoreApplication::sendEvent(&view, &event);
+    }
+    void Drag(QPoint from, QPoint to) {
+        Send(QEvent::MouseButtonPress, from, Qt::LeftButton, Qt::LeftButton);
+        for (int i = 1; i <= 4; ++i)
+            Send(QEvent::MouseMove, from + (to - from) * i / 4, Qt::NoButton, Qt::LeftButton);
+        Send(QEvent::MouseButtonRelease, to, Qt::LeftButton, Qt::NoButton);
+    }
+    ApplicationFirst application;
+    TIEImageView view;
+};
+
+TEST_F(ImageView, DefaultsOfTheControl) {
+    EXPECT_EQ(view.Zoom(), 100.0);
+    EXPECT_EQ(view.ZoomFilter(), rfNone);
+    EXPECT_EQ(view.LayerOptions(), kIEDefaultLayerOptions);
+    EXPECT_TRUE(view.Center());
+    EXPECT_EQ(view.Cursor(), crIEArrow);
+    EXPECT_EQ(view.LayersCurrent(), 0);
+    EXPECT_EQ(view.Layers().LayersCount(), 1);
+    EXPECT_EQ(view.MouseInteractLayers(), 0);
+    EXPECT_EQ(view.EditingLayer(), -1);
+}
+
+// The click and the pixel under it agree at any zoom: what the paint shows
+// at a client point is the picture pixel that XScr2Bmp names there.
+TEST_F(ImageView, AClickAndThePixelUnderItAgreeAtEveryZoom) {
+    LoadCoordinatePicture(view, 300, 200);
+    for (double zoom : {100.0, 33.0, 150.0, 250.0, 400.0}) {
+        view.SetZoom(zoom);
+        view.SetViewXY(37, 23);
+        const QImage shown = Shown();
+        int checked = 0;
+        for (int y = 0; y < view.height(); y += 7)
+            for (int x = 0; x < view.width(); x += 11) {
+                const int bx = view.XScr2Bmp(x), by = view.YScr2Bmp(y);
+                if (bx < 0 || by < 0 || bx >= 300 || by >= 200) continue;
+                ASSERT_EQ(shown.pixel(x, y), CoordinateColour(bx, by))
+                    << "zoom " << zoom << " at " << x << "," << y;
+                ++checked;
+            }
+        EXPECT_GT(checked, 50) << zoom;
+        // Enlarged, every bitmap pixel shown maps to a screen pixel that
+        // maps back.
+        if (zoom < 100) continue;
+        for (int bx = view.XScr2Bmp(view.OffsetX()); bx < 300; bx += 13) {
+            const int sx = view.XBmp2Scr(bx);
+            if (sx >= view.OffsetX() + view.ExtentX()) break;
+            EXPECT_EQ(view.XScr2Bmp(sx), bx) << "zoom " << zoom;
+        }
+    }
+}
+
+TEST_F(ImageView, OneHundredPercentShowsThePictureUnfilteredAndCentred) {
+    LoadCoordinatePicture(view, 320, 240);
+    view.SetZoomFilter(rfLinear);
+    EXPECT_EQ(view.ZoomFilterCurrent(), rfLinear);
+    const QImage shown = Shown();
+    EXPECT_EQ(view.OffsetX(), 160);
+    EXPECT_EQ(view.OffsetY(), 120);
+    const QImage expected = shown.copy(160, 120, 320, 240);
+    for (int y = 0; y < 240; ++y)
+        for (int x = 0; x < 320; ++x)
+            ASSERT_EQ(expected.pixel(x, y), CoordinateColour(x, y)) << x << "," << y;
+    EXPECT_EQ(shown.pixel(5, 5), qRgb(0xF0, 0xF0, 0xF0)) << "background beside the picture";
+}
+
+TEST_F(ImageView, ScreenToBitmapPastTheTableTakesTheFloatPath) {
+    LoadCoordinatePicture(view, 640, 480);
+    EXPECT_EQ(view.XScr2Bmp(639), 639);
+    EXPECT_EQ(view.XScr2Bmp(640), 640);
+    EXPECT_EQ(view.YScr2Bmp(-10), -10);
+}
+
+TEST_F(ImageView, ZoomAtKeepsThePointOrDoesNothingForTheZoomInForce) {
+    LoadCoordinatePicture(view, 2000, 1500);
+    view.ZoomAt(50, 50, 100, false);
+    EXPECT_EQ(view.ViewX(), 0);
+    EXPECT_EQ(view.ViewY(), 0);
+    view.SetZoom(0);
+    EXPECT_EQ(view.Zoom(), 100.0);
+    // The bitmap point 50,50 lands at 100 zoomed; the placement adds the
+    // percent / 100 term of its formula.
+    view.ZoomAt(50, 50, 200, false);
+    EXPECT_EQ(view.Zoom(), 200.0);
+    EXPECT_EQ(view.ViewX(), 52);
+    EXPECT_EQ(view.ViewY(), 52);
+    // Centred: the bitmap point under 320,240 comes to the middle.
+    view.SetZoom(100);
+    view.SetViewXY(0, 0);
+    view.ZoomAt(320, 240, 300, true);
+    EXPECT_EQ(view.ViewX(), 320 * 3 - 320);
+    EXPECT_EQ(view.ViewY(), 240 * 3 - 240);
+    EXPECT_EQ(view.XScr2Bmp(320), 320);
+}
+
+TEST_F(ImageView, ScrollingStaysWithinTheLimits) {
+    LoadCoordinatePicture(view, 1000, 300);
+    view.SetViewXY(5000, 5000);
+    EXPECT_EQ(view.ViewX(), 1000 - 640);
+    EXPECT_EQ(view.ViewY(), 0) << "a picture lower than the client cannot scroll";
+    view.SetViewXY(-3, -3);
+    EXPECT_EQ(view.ViewX(), 0);
+}
+
+TEST_F(ImageView, BitmapReaderMovesThePictureToQImageStorage) {
+    LoadCoordinatePicture(view, 123, 45);
+    QImage* image = view.Bitmap();
+    ASSERT_NE(image, nullptr);
+    EXPECT_EQ(image->size(), QSize(123, 45));
+    EXPECT_EQ(view.IEBitmap()->Location(), ieTBitmap);
+    EXPECT_EQ(Shown().pixel(view.OffsetX() + 7, view.OffsetY() + 3), CoordinateColour(7, 3));
+    view.SetLegacyBitmap(false);
+    EXPECT_NE(view.IEBitmap()->Location(), ieTBitmap);
+}
+
+TEST_F(ImageView, TheWheelIsLeftToWhatHoldsTheView) {
+    LoadCoordinatePicture(view, 2000, 2000);
+    QWheelEvent wheel(QPointF(10, 10), QPointF(view.mapToGlobal(QPoint(10, 10))), QPoint(),
+                      QPoint(0, 120), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&view, &wheel);
+    EXPECT_FALSE(wheel.isAccepted());
+    EXPECT_EQ(view.Zoom(), 100.0);
+    EXPECT_EQ(view.ViewY(), 0);
+}
+
+TEST_F(ImageView, CursorValuesAndTheirPlatformShapes) {
+    view.SetCursor(crSizeAll);
+    EXPECT_EQ(view.Cursor(), 65514);
+    EXPECT_EQ(view.cursor().shape(), Qt::SizeAllCursor);
+    view.SetCursor(crDefault);
+    EXPECT_EQ(view.cursor().shape(), Qt::ArrowCursor);
+    // The handler sees the value first and may change it.
+    view.OnSetCursor = [](int& cursor) {
+        if (cursor == crDefault) cursor = crSizeNS;
+    };
+    view.SetCursor(crDefault);
+    EXPECT_EQ(view.Cursor(), crSizeNS);
+    EXPECT_EQ(view.cursor().shape(), Qt::SizeVerCursor);
+    view.ShowCursor(crSizeWE);
+    EXPECT_EQ(view.cursor().shape(), Qt::SizeHorCursor);
+    view.ShowCursor(-1);
+    EXPECT_EQ(view.cursor().shape(), Qt::SizeVerCursor);
+}
+
+TEST_F(ImageView, RetouchShowsItsRingExceptInThePictureDragState) {
+    view.SetMouseInteractLayers(mlCreateShapeLayers);
+    view.SetMouseInteractGeneral(miRetouchTool | miSelect | miZoom);
+    EXPECT_EQ(view.MouseInteractLayers(), 0) << "retouch turns the layer tools off";
+    EXPECT_EQ(view.MouseInteractGeneral(), miRetouchTool | miZoom);
+    view.SetCursor(crDefault);
+    EXPECT_EQ(view.cursor().shape(), Qt::BitmapCursor);
+    view.SetCursor(crSizeAll);
+    EXPECT_EQ(view.cursor().shape(), Qt::SizeAllCursor);
+}
+
+// The mouse reaches the armed tool in bitmap pixels: a drag at 200% makes
+// a rectangle whose box is the dragged area of the picture.
+TEST_F(ImageView, ADragWithTheShapeToolMakesALayerInBitmapPixels) {
+    LoadCoordinatePicture(view, 640, 480);
+    view.SetZoom(200);
+    view.show();
+    int styled = -1;
+    view.OnNewLayer = [&](int index, TIELayerKind kind) {
+        EXPECT_EQ(kind, ielkShape);
+        styled = index;
+    };
+    view.SetCursor(crDefault);
+    view.SetMouseInteractLayers(mlCreateShapeLayers);
+    Drag(QPoint(100, 60), QPoint(300, 260));
+    ASSERT_EQ(view.Layers().LayersCount(), 2);
+    EXPECT_EQ(styled, 1);
+    const TIELayer& layer = *view.Layers().GetLayer(1);
+    EXPECT_NEAR(layer.PosX, view.XScr2Bmp(100), 1);
+    EXPECT_NEAR(layer.PosY, view.YScr2Bmp(60), 1);
+    EXPECT_NEAR(layer.Width, 100, 2);
+    EXPECT_NEAR(layer.Height, 100, 2);
+    // What the layer covers is painted over the picture.
+    const QImage shown = Shown();
+    const int sx = view.XBmp2Scr(int(layer.PosX + layer.Width / 2));
+    const int sy = view.YBmp2Scr(int(layer.PosY));
+    EXPECT_NE(shown.pixel(sx, sy + 1), CoordinateColour(view.XScr2Bmp(sx), view.YScr2Bmp(sy + 1)));
+}
+
+class TextEditor : public ImageView {
+protected:
+    int AddText(const QString& text) {
+        TIELayer* layer =
+            view.Layers().LayersAdd(ielkText, QPointF(40, 30), QSizeF(120, 40), false);
+        auto* t = static_cast<TIETextLayer*>(layer);
+        t->SetText(text);
+        t->FillColor = clNone;
+        view.Update();
+        return view.Layers().IndexOf(layer);
+    }
+};
+
+TEST_F(TextEditor, OpensOverTheLayerWithTheZoomedFontAndShowsThePictureThrough) {
+    LoadCoordinatePicture(view, 640, 480);
+    view.SetZoom(200);
+    view.show();
+    const int index = AddText("hello");
+    bool activated = false;
+    view.OnActivateTextEditor = [&] { activated = true; };
+    view.LayersActivateTextEditor(index);
+    EXPECT_TRUE(activated);
+    EXPECT_EQ(view.EditingLayer(), index);
+    TIETextControl* editor = view.TextEditor();
+    ASSERT_TRUE(editor->isVisible());
+    EXPECT_EQ(editor->geometry(), QRect(view.XBmp2Scr(40), view.YBmp2Scr(30), 240, 80));
+    EXPECT_DOUBLE_EQ(editor->font().pointSizeF(), 28.0);
+    EXPECT_EQ(editor->Text(), "hello");
+    EXPECT_FALSE(editor->autoFillBackground());
+    // A change of zoom commits the editor.
+    editor->setPlainText("bye");
+    view.SetZoom(100);
+    EXPECT_EQ(view.EditingLayer(), -1);
+    EXPECT_FALSE(editor->isVisible());
+    EXPECT_EQ(static_cast<TIETextLayer*>(view.Layers().GetLayer(index))->Text, "bye");
+}
+
+TEST_F(TextEditor, EmptyTextRemovesTheCurrentLayerAndOnlyThatOne) {
+    LoadCoordinatePicture(view, 640, 480);
+    const int first = AddText("");
+    view.LayersActivateTextEditor(first);
+    view.LayersCancelEditors(true);
+    EXPECT_EQ(view.Layers().LayersCount(), 1) << "nothing typed leaves nothing behind";
+
+    const int kept = AddText("");
+    AddText("other");
+    view.LayersActivateTextEditor(kept);  // not the current layer
+    view.LayersCancelEditors(false);
+    EXPECT_EQ(view.Layers().LayersCount(), 3);
+
+    const int typed = AddText("");
+    view.LayersActivateTextEditor(typed);
+    view.TextEditor()->setPlainText("words");
+    view.LayersCancelEditors(true);
+    EXPECT_EQ(view.Layers().LayersCount(), 4);
+}
+
+TEST_F(TextEditor, APressOnTheViewCommitsTheEditor) {
+    LoadCoordinatePicture(view, 640, 480);
+    view.show();
+    const int index = AddText("");
+    view.LayersActivateTextEditor(index);
+    view.TextEditor()->setPlainText("typed");
+    Send(QEvent::MouseButtonPress, QPoint(600, 400), Qt::LeftButton, Qt::LeftButton);
+    Send(QEvent::MouseButtonRelease, QPoint(600, 400), Qt::LeftButton, Qt::NoButton);
+    EXPECT_EQ(view.EditingLayer(), -1);
+    EXPECT_EQ(static_cast<TIETextLayer*>(view.Layers().GetLayer(index))->Text, "typed");
+}
+
+}  // namespace
+}  // namespace qpt
