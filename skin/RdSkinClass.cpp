@@ -21,10 +21,11 @@ namespace {
 
 std::atomic<quint64> g_nextSerial{1};
 
-// Skin classes are made, applied and destroyed on the GUI thread only.
+// Skin classes are made, applied and destroyed on the GUI thread only. The
+// list is never destroyed: controls held by statics may go after it would.
 std::vector<TRdSkinClass*>& Registry() {
-    static std::vector<TRdSkinClass*> all;
-    return all;
+    static auto* all = new std::vector<TRdSkinClass*>;
+    return *all;
 }
 
 bool IsReservedKey(const QString& name) {

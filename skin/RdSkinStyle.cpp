@@ -20,19 +20,24 @@ namespace {
 std::atomic<int> g_liveStyles{0};
 
 // Styles that claimed MainSkin, in the order they did; the first governs.
+// Never destroyed, as a style held by a static may go after it would.
 QList<TRdSkinStyle*>& MainChain() {
-    static QList<TRdSkinStyle*> chain;
-    return chain;
+    static auto* chain = new QList<TRdSkinStyle*>;
+    return *chain;
 }
 
 TRdSkinStyle::MessageHandler& Messages() {
-    static TRdSkinStyle::MessageHandler handler = [](const QString& text) {
-        if (qobject_cast<QApplication*>(QCoreApplication::instance()))
-            QMessageBox::warning(nullptr, QCoreApplication::applicationName(), text);
-        else
-            qWarning("%s", qPrintable(text));
-    };
+    static TRdSkinStyle::MessageHandler handler;
     return handler;
+}
+
+void Warn(const QString& text) {
+    if (Messages())
+        Messages()(text);
+    else if (qobject_cast<QApplication*>(QCoreApplication::instance()))
+        QMessageBox::warning(nullptr, QCoreApplication::applicationName(), text);
+    else
+        qWarning("%s", qPrintable(text));
 }
 
 QString OwnerTitle(const QObject* owner) {
@@ -96,10 +101,10 @@ void TRdSkinStyle::SetMainSkin(bool value) {
     if (value) {
         if (TRdSkinStyle* main = Main()) {
             const QObject* owner = main->parent();
-            Messages()(owner ? QStringLiteral("warning: main.SkinStyle exists! must close unit: ") +
-                                   OwnerTitle(owner) +
-                                   QStringLiteral(",\r\n\r\nand Re-open Current Form !!")
-                             : QStringLiteral("warning: main.SkinStyle exists!"));
+            Warn(owner ? QStringLiteral("warning: main.SkinStyle exists! must close unit: ") +
+                             OwnerTitle(owner) +
+                             QStringLiteral(",\r\n\r\nand Re-open Current Form !!")
+                       : QStringLiteral("warning: main.SkinStyle exists!"));
         }
         chain.append(this);
         if (Main() == this) SetRuntimePath(runtimePath_);

@@ -64,7 +64,7 @@ public:
     static QEvent::Type SkinChangedEvent();
 
     // Where warnings go; by default a message box, or the log when there is
-    // no widget application. Tests install their own.
+    // no widget application. None puts the default back.
     using MessageHandler = std::function<void(const QString&)>;
     static void SetMessageHandler(MessageHandler handler);
 
