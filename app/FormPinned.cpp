@@ -15,6 +15,7 @@
 #include "imaging/IEImageLayer.h"
 #include "imaging/IEImageProc.h"
 #include "imaging/IERetouchToolInteraction.h"
+#include "imaging/IEShapeLayer.h"
 #include "imaging/view/IEImageView.h"
 #include "support/Language.h"
 #include "support/Paths.h"
@@ -255,7 +256,18 @@ void TFormPinned::ArmToolForTests() {
     const QByteArray tool = qgetenv("QPT_TEST_ARM_TOOL");
     if (tool.isEmpty()) return;
     Image_Front->SetCursor(crDefault);
-    if (tool == "rectangle") Image_Front->SetMouseInteractLayers(mlCreateShapeLayers);
+    if (tool == "rectangle") {
+        // Dressed as the toolbar dresses a new rectangle: an outline only.
+        Image_Front->OnNewLayer = [this](int index, TIELayerKind) {
+            auto* shape = dynamic_cast<TIEShapeLayer*>(Image_Front->Layers().GetLayer(index));
+            if (!shape) return;
+            shape->Shape = iesRectangle;
+            shape->FillColor = clNone;
+            shape->SetBorderColor(ShapeColor);
+            shape->SetBorderWidth(PenWidth);
+        };
+        Image_Front->SetMouseInteractLayers(mlCreateShapeLayers);
+    }
     if (tool == "mosaic") {
         Image_Front->Interactions().RetouchTool().SetRetouchMode(
             TIERetouchToolInteraction::kPixelateMode);
