@@ -2,6 +2,7 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <algorithm>
 #include <cmath>
 
 #include "imaging/IEImageLayer.h"
@@ -154,14 +155,23 @@ QRegion TIEImageView::Compose() {
     return damage;
 }
 
+// Each part is blitted through a QImage over just its own rows, in strips
+// below the size at which Qt hands a conversion to its thread pool: on a
+// busy machine the hand-over costs more than the conversion itself.
 void TIEImageView::paintEvent(QPaintEvent* event) {
     if (stale_) Compose();
     QPainter painter(this);
-    QImage back = BackBuffer().WrapQImage();
-    const QRect backRect = back.isNull() ? QRect() : back.rect();
+    TIEBitmap& back = BackBuffer();
+    const QRect backRect(0, 0, back.Width(), back.Height());
     for (const QRect& r : event->region()) {
         const QRect inside = r & backRect;
-        if (!inside.isEmpty()) painter.drawImage(inside.topLeft(), back, inside);
+        const int strip = std::max(1, 65535 / std::max(1, inside.width()));
+        for (int y = inside.top(); y <= inside.bottom(); y += strip) {
+            const int rows = std::min(strip, inside.bottom() + 1 - y);
+            const QImage part(back.Scanline(y) + 3 * inside.left(), inside.width(), rows,
+                              back.RowLen(), QImage::Format_BGR888);
+            painter.drawImage(QPoint(inside.left(), y), part);
+        }
         for (const QRect& rest : QRegion(r) - backRect)
             painter.fillRect(rest, IETextQColor(Background()));
     }
