@@ -50,7 +50,6 @@ TIEImageView::TIEImageView(QWidget* parent)
     layers_.ViewToBitmap = [this](QPoint p) { return QPointF(BitmapPos(p)); };
     layers_.Background().VisibleBox = false;
 
-    editor_ = new TIETextControl(this);
     ApplyCursor();
 }
 
@@ -334,6 +333,9 @@ void TIEImageView::LayersActivateTextEditor(int index) {
     if (EditingLayer() >= 0) LayersCancelEditors(true);
     compositor_.EditingLayer = index;
     Update();
+    // Made at first use: an editor loads the font system, which a session
+    // without text never needs.
+    if (!editor_) editor_ = new TIETextControl(this);
     editor_->Load(*layer, Zoom(), compositor_.LayerRect(*layer));
     if (OnActivateTextEditor) OnActivateTextEditor();
 }
@@ -341,7 +343,7 @@ void TIEImageView::LayersActivateTextEditor(int index) {
 void TIEImageView::LayersCancelEditors(bool accept) {
     const int index = EditingLayer();
     auto* layer = dynamic_cast<TIETextLayer*>(layers_.GetLayer(index));
-    if (!layer) return;
+    if (!layer || !editor_) return;
     const QString text = editor_->Text();
     if (accept) {
         IESaveUserUndo(*this, ieuLayer);
