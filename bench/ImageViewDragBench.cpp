@@ -18,8 +18,9 @@ QApplication& App() {
     static char name[] = "bench";
     static char* argv[] = {name, nullptr};
     qputenv("QT_QPA_PLATFORM", "minimal");
-    static QApplication app(argc, argv);
-    return app;
+    // Never destroyed: at exit Qt's input devices would go after their owner.
+    static QApplication* app = new QApplication(argc, argv);
+    return *app;
 }
 
 void Send(TIEImageView& view, QEvent::Type type, QPoint at, Qt::MouseButtons buttons) {

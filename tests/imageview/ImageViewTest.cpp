@@ -20,8 +20,9 @@ QApplication& App() {
     static char name[] = "imageview_tests";
     static char* argv[] = {name, nullptr};
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    static QApplication app(argc, argv);
-    return app;
+    // Never destroyed: at exit Qt's input devices would go after their owner.
+    static QApplication* app = new QApplication(argc, argv);
+    return *app;
 }
 
 struct ApplicationFirst {
