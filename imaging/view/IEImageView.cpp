@@ -249,6 +249,8 @@ void TIEImageView::SetMouseInteractGeneral(TIEMouseInteractGeneral items) {
 }
 
 void TIEImageView::ToolsChanged() {
+    // A change of tool ends the text being typed.
+    if (EditingLayer() >= 0) LayersCancelEditors(true);
     // The grip pass runs only while a layer interaction is armed.
     compositor_.ShowGrips = MouseInteractLayers() != 0;
     ApplyCursor();

@@ -287,11 +287,14 @@ TEST_F(TextEditor, EmptyTextRemovesTheCurrentLayerAndOnlyThatOne) {
     view.LayersCancelEditors(false);
     EXPECT_EQ(view.Layers().LayersCount(), 3);
 
+    // Arming another tool commits what was typed.
     const int typed = AddText("");
     view.LayersActivateTextEditor(typed);
     view.TextEditor()->setPlainText("words");
-    view.LayersCancelEditors(true);
+    view.SetMouseInteractLayers(mlCreateShapeLayers);
+    EXPECT_EQ(view.EditingLayer(), -1);
     EXPECT_EQ(view.Layers().LayersCount(), 4);
+    EXPECT_EQ(static_cast<TIETextLayer*>(view.Layers().GetLayer(typed))->Text, "words");
 }
 
 TEST_F(TextEditor, APressOnTheViewCommitsTheEditor) {
