@@ -71,11 +71,14 @@ protected:
         program_.start(QPT_PROGRAM_DIR "/QptPin", {"/QPTMain"});
         ASSERT_TRUE(program_.waitForStarted());
         QByteArray errors;
-        ASSERT_TRUE(WaitFor([&] {
-            program_.waitForReadyRead(20);
-            errors += program_.readAllStandardError();
-            return errors.contains("first paint");
-        })) << errors.toStdString();
+        ASSERT_TRUE(WaitFor(
+            [&] {
+                program_.waitForReadyRead(20);
+                errors += program_.readAllStandardError();
+                return errors.contains("first paint");
+            },
+            15000))
+            << errors.toStdString();
     }
 
     QImage Screen(const QRect& r) {
