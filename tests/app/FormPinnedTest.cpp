@@ -49,12 +49,6 @@ TEST(ScreenLayout, WholeScreenOnTwoMonitorsMeansEitherMonitorOrTheDesktop) {
     EXPECT_TRUE(IsWholeScreenRect(QRect(0, 0, 1920, 1080), two));
 }
 
-TEST(ScreenLayout, ARectangleWithoutSizeBecomesOnePixelAtTheOrigin) {
-    EXPECT_EQ(PinnedWindowRect(QRect(0, 0, 0, 0)), QRect(0, 0, 1, 1));
-    EXPECT_EQ(PinnedWindowRect(QRect(300, 200, 0, 50)), QRect(0, 0, 1, 1));
-    EXPECT_EQ(PinnedWindowRect(QRect(300, 200, 40, 50)), QRect(300, 200, 40, 50));
-}
-
 class FormPinnedTest : public ::testing::Test {
 protected:
     void SetUp() override {

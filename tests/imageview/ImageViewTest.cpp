@@ -65,18 +65,6 @@ protected:
     TIEImageView view;
 };
 
-TEST_F(ImageView, DefaultsOfTheControl) {
-    EXPECT_EQ(view.Zoom(), 100.0);
-    EXPECT_EQ(view.ZoomFilter(), rfNone);
-    EXPECT_EQ(view.LayerOptions(), kIEDefaultLayerOptions);
-    EXPECT_TRUE(view.Center());
-    EXPECT_EQ(view.Cursor(), crIEArrow);
-    EXPECT_EQ(view.LayersCurrent(), 0);
-    EXPECT_EQ(view.Layers().LayersCount(), 1);
-    EXPECT_EQ(view.MouseInteractLayers(), 0);
-    EXPECT_EQ(view.EditingLayer(), -1);
-}
-
 // The click and the pixel under it agree at any zoom: what the paint shows
 // at a client point is the picture pixel that XScr2Bmp names there.
 TEST_F(ImageView, AClickAndThePixelUnderItAgreeAtEveryZoom) {
@@ -147,15 +135,6 @@ TEST_F(ImageView, ZoomAtKeepsThePointOrDoesNothingForTheZoomInForce) {
     EXPECT_EQ(view.ViewX(), 320 * 3 - 320);
     EXPECT_EQ(view.ViewY(), 240 * 3 - 240);
     EXPECT_EQ(view.XScr2Bmp(320), 320);
-}
-
-TEST_F(ImageView, ScrollingStaysWithinTheLimits) {
-    LoadCoordinatePicture(view, 1000, 300);
-    view.SetViewXY(5000, 5000);
-    EXPECT_EQ(view.ViewX(), 1000 - 640);
-    EXPECT_EQ(view.ViewY(), 0) << "a picture lower than the client cannot scroll";
-    view.SetViewXY(-3, -3);
-    EXPECT_EQ(view.ViewX(), 0);
 }
 
 TEST_F(ImageView, BitmapReaderMovesThePictureToQImageStorage) {

@@ -19,15 +19,6 @@ TEST(Scale, HighDpiNeedsALongSideAbove1920AndBelow3000AlsoADenseScreen) {
     EXPECT_TRUE(IsHighDPIScreen({1400, 3000}, 96));
 }
 
-TEST(Scale, FactorFollowsTheSwitch) {
-    SetScaleEnabled(true);
-    EXPECT_TRUE(ScaleActive());
-    EXPECT_EQ(GetScaleFactor(), 2.0);
-    SetScaleEnabled(false);
-    EXPECT_FALSE(ScaleActive());
-    EXPECT_EQ(GetScaleFactor(), 1.0);
-}
-
 TEST(Scale, DoubleSizeSkinOnlyWhenScaledAndPresent) {
     QTemporaryDir program;
     const QString folder = program.path() + '/';
