@@ -12,14 +12,13 @@
 
 #include "support/MainIni.h"
 #include "support/Paths.h"
+#include "tests/common/DisplayTest.h"
 #include "tests/common/ScratchHome.h"
-#include "tests/common/VirtualDisplay.h"
 
 namespace qpt {
 namespace {
 
 using testing::ScratchHome;
-using testing::VirtualDisplay;
 
 // A picture that differs from pixel to pixel, so that any shift shows.
 QImage Pattern(int width, int height) {
@@ -40,20 +39,14 @@ bool WaitFor(const std::function<bool()>& done, int ms = 3000) {
     return true;
 }
 
-class PinnedWindow : public ::testing::Test {
+class PinnedWindow : public testing::DisplayTest {
 protected:
-    void SetUp() override {
-        if (!display_.isRunning()) GTEST_SKIP() << "no Xvfb";
-        env_.setEnv("DISPLAY", display_.name().toStdString());
-        c_ = xcb_connect(display_.name().toLatin1().constData(), nullptr);
-        ASSERT_FALSE(xcb_connection_has_error(c_));
-    }
     void TearDown() override {
         if (program_.state() != QProcess::NotRunning) {
             program_.kill();
             program_.waitForFinished();
         }
-        if (c_) xcb_disconnect(c_);
+        DisplayTest::TearDown();
     }
 
     // Writes the hand-over and starts QptPin; returns once it has painted.
@@ -106,9 +99,6 @@ protected:
         ASSERT_EQ(QProcess::execute("xdotool", arguments), 0) << arguments.join(' ').toStdString();
     }
 
-    VirtualDisplay display_;
-    ScratchHome env_;
-    xcb_connection_t* c_ = nullptr;
     QProcess program_;
 };
 

@@ -8,14 +8,13 @@
 #include <string>
 
 #include "support/HostWindow.h"
+#include "tests/common/DisplayTest.h"
 #include "tests/common/ScratchHome.h"
-#include "tests/common/VirtualDisplay.h"
 
 namespace qpt {
 namespace {
 
 using testing::ScratchHome;
-using testing::VirtualDisplay;
 
 xcb_atom_t Intern(xcb_connection_t* c, const char* name) {
     auto* reply = xcb_intern_atom_reply(
@@ -40,21 +39,7 @@ xcb_window_t MakeWindow(xcb_connection_t* c, const std::string& wmClass, const c
     return w;
 }
 
-class HostWindowOnX : public ::testing::Test {
-protected:
-    void SetUp() override {
-        if (!display_.isRunning()) GTEST_SKIP() << "no Xvfb";
-        env_.setEnv("DISPLAY", display_.name().toStdString());
-        c_ = xcb_connect(display_.name().toLatin1().constData(), nullptr);
-        ASSERT_FALSE(xcb_connection_has_error(c_));
-    }
-    void TearDown() override {
-        if (c_) xcb_disconnect(c_);
-    }
-    VirtualDisplay display_;
-    ScratchHome env_;
-    xcb_connection_t* c_ = nullptr;
-};
+class HostWindowOnX : public testing::DisplayTest {};
 
 TEST_F(HostWindowOnX, FindsTheWindowByClassAndTitleOnly) {
     EXPECT_EQ(FindHostWindow(), 0u);
