@@ -53,7 +53,6 @@ bool TIELayerCreateInteraction::MouseDown(TIEMouseButton button, TIEShiftState s
         picture.height() > 1 && !picture.contains(x, y))
         return false;
     active_ = true;
-    undoSaved_ = false;
     rect_ = QRect();
     X1 = X2 = x;
     Y1 = Y2 = y;
@@ -82,17 +81,11 @@ void TIELayerCreateInteraction::MouseMove(TIEShiftState shift, int x, int y) {
 }
 
 bool TIELayerCreateInteraction::MakeLayer(bool marker) {
-    TIELayerList& layers = Owner().Layers();
-    undoSaved_ = IEUserUndoWanted(Owner());
     // A marker keeps the size the layer is made with; a drag gives its own.
     const QRect r = DragRect(0);
     std::optional<QSizeF> size;
     if (!marker) size = QSizeF(std::max(r.width(), 1), std::max(r.height(), 1));
-    TIELayer* layer = layers.LayersAdd(LayerKind, QPointF(r.topLeft()), size, undoSaved_);
-    if (!layer) return false;
-    newLayer_ = layers.IndexOf(layer);
-    Owner().NewLayer(newLayer_, LayerKind);
-    return true;
+    return newLayer_.Add(Owner(), LayerKind, QPointF(r.topLeft()), size);
 }
 
 QRect TIELayerCreateInteraction::DragRect(TIEShiftState shift) const {
@@ -110,13 +103,13 @@ QRect TIELayerCreateInteraction::MarkerRect(const TIELayer& layer) const {
 }
 
 void TIELayerCreateInteraction::Place(TIEShiftState shift, bool marker) {
-    if (newLayer_ < 0 && !MakeLayer(marker)) return;
+    if (!newLayer_.Exists() && !MakeLayer(marker)) return;
     TIELayerList& layers = Owner().Layers();
-    TIELayer& layer = *layers.GetLayer(newLayer_);
+    TIELayer& layer = *layers.GetLayer(newLayer_.Index());
     rect_ = marker ? MarkerRect(layer) : DragRect(shift);
     QRectF box(rect_);
     if (Owner().LayerOptions() & loPreventOutOfBounds) box &= QRectF(PictureBox());
-    Owner().LayerMoveSize(newLayer_, ielCreating, box);
+    Owner().LayerMoveSize(newLayer_.Index(), ielCreating, box);
     layer.PosX = box.x();
     layer.PosY = box.y();
     layer.Width = box.width();
@@ -127,7 +120,7 @@ void TIELayerCreateInteraction::Place(TIEShiftState shift, bool marker) {
         layer.DragEnd = Owner().BmpToView(QPoint(X2, Y2));
     }
     layer.Changed(true);
-    layers.Notify(newLayer_, ielCreating);
+    layers.Notify(newLayer_.Index(), ielCreating);
     Owner().UserInteraction(ieiLayerCreating);
     Owner().Update();
 }
@@ -140,13 +133,13 @@ void TIELayerCreateInteraction::Enact() {
     TIEViewServices& view = Owner();
     const bool keep = (view.LayerOptions() & loStampMode) || (active_ && LayerKind == ielkText) ||
                       (rect_.width() > 4 && rect_.height() > 4);
-    if (!keep || newLayer_ < 0 ||
+    if (!keep || !newLayer_.Exists() ||
         (LayerKind == ielkImage && (view.LayerOptions() & loAutoPromptForImage) &&
-         !view.PromptForImage(newLayer_))) {
+         !view.PromptForImage(newLayer_.Index()))) {
         Cancel();
         return;
     }
-    TIELayer& layer = *view.Layers().GetLayer(newLayer_);
+    TIELayer& layer = *view.Layers().GetLayer(newLayer_.Index());
     if (layer.Width < 2 || layer.Height < 2) {
         const QRect client = view.ClientBitmapRect();
         layer.Width = client.width();
@@ -154,8 +147,8 @@ void TIELayerCreateInteraction::Enact() {
     }
     layer.ApplyChanges();
     view.Update();
-    const int index = newLayer_;
-    newLayer_ = -1;
+    const int index = newLayer_.Index();
+    newLayer_.Forget();
     active_ = false;
     view.Layers().Notify(index, ielCreated);
     view.UserInteraction(ieiLayerCreateEnacted);
@@ -164,15 +157,8 @@ void TIELayerCreateInteraction::Enact() {
 }
 
 void TIELayerCreateInteraction::Cancel() {
-    if (newLayer_ >= 0) {
-        Owner().Layers().LayersRemove(newLayer_);
-        // The step saved for the new layer goes with it, without a trace.
-        if (undoSaved_) Owner().Proc()->DiscardUndo(0);
-        Owner().Update();
-    }
+    newLayer_.Drop(Owner());
     active_ = false;
-    newLayer_ = -1;
-    undoSaved_ = false;
 }
 
 }  // namespace qpt

@@ -2,6 +2,7 @@
 
 #include <QRect>
 
+#include "imaging/IENewLayer.h"
 #include "imaging/IEUserInteraction.h"
 
 namespace qpt {
@@ -23,7 +24,7 @@ public:
     int X1 = 0, Y1 = 0, X2 = 0, Y2 = 0;
     // The last point that passed the threshold.
     int LastX = 0, LastY = 0;
-    int NewLayerIndex() const { return newLayer_; }
+    int NewLayerIndex() const { return newLayer_.Index(); }
 
     bool MouseDown(TIEMouseButton button, TIEShiftState shift, int x, int y) override;
     void MouseMove(TIEShiftState shift, int x, int y) override;
@@ -47,8 +48,7 @@ private:
     QRect MarkerRect(const TIELayer& layer) const;
 
     bool active_ = false;
-    int newLayer_ = -1;
-    bool undoSaved_ = false;
+    TIENewLayer newLayer_;
     QRect rect_;  // the box of the last placement, before any cut
 };
 

@@ -44,8 +44,7 @@ bool TIELayerPointsInteraction::MouseDown(TIEMouseButton button, TIEShiftState, 
     if (PressBelongsToLayers(p)) return false;
     active_ = true;
     pointCount_ = 0;
-    newLayer_ = -1;
-    undoSaved_ = false;
+    newLayer_.Forget();
     anchor_ = last_ = p;
     points_.clear();
     Owner().Layers().Notify(-1, ielBeginCreating);
@@ -63,27 +62,21 @@ void TIELayerPointsInteraction::MouseMove(TIEShiftState shift, int x, int y) {
         MoveStrokeEnd(p);
     else
         MoveLineEnd(shift, p);
-    if (newLayer_ < 0) return;
-    Owner().Layers().Notify(newLayer_, ielCreating);
+    if (!newLayer_.Exists()) return;
+    Owner().Layers().Notify(newLayer_.Index(), ielCreating);
     Owner().Update();
 }
 
 bool TIELayerPointsInteraction::MakeLayer(TIELayerKind kind) {
-    TIELayerList& layers = Owner().Layers();
-    undoSaved_ = IEUserUndoWanted(Owner());
-    TIELayer* layer = layers.LayersAdd(kind, QPointF(anchor_), QSizeF(1, 1), undoSaved_);
-    if (!layer) return false;
-    newLayer_ = layers.IndexOf(layer);
-    Owner().NewLayer(newLayer_, kind);
-    return true;
+    return newLayer_.Add(Owner(), kind, QPointF(anchor_), QSizeF(1, 1));
 }
 
 void TIELayerPointsInteraction::MoveLineEnd(TIEShiftState shift, QPoint p) {
-    if (newLayer_ < 0 && !MakeLayer(LayerKind)) return;
+    if (!newLayer_.Exists() && !MakeLayer(LayerKind)) return;
     if ((shift & ssShift) || Owner().FixedAspect()) p = IESnapToEightDirections(anchor_, p);
     QRectF box = QRectF(QPointF(anchor_), QPointF(p)).normalized();
-    Owner().LayerMoveSize(newLayer_, ielCreating, box);
-    TIELayer& layer = *Owner().Layers().GetLayer(newLayer_);
+    Owner().LayerMoveSize(newLayer_.Index(), ielCreating, box);
+    TIELayer& layer = *Owner().Layers().GetLayer(newLayer_.Index());
     if (layer.Kind() == ielkLine) {
         static_cast<TIELineLayer&>(layer).SetEndPoints(QPointF(anchor_), QPointF(p));
     } else if (layer.Kind() == ielkPolyline) {
@@ -94,7 +87,7 @@ void TIELayerPointsInteraction::MoveLineEnd(TIEShiftState shift, QPoint p) {
 }
 
 void TIELayerPointsInteraction::MoveStrokeEnd(QPoint p) {
-    if (newLayer_ < 0) {
+    if (!newLayer_.Exists()) {
         if (!MakeLayer(ielkPolyline)) return;
         points_ = {anchor_};
         pointCount_ = 1;
@@ -108,7 +101,7 @@ void TIELayerPointsInteraction::MoveStrokeEnd(QPoint p) {
         ++pointCount_;
         anchor_ = p;
     }
-    TIELayer& layer = *Owner().Layers().GetLayer(newLayer_);
+    TIELayer& layer = *Owner().Layers().GetLayer(newLayer_.Index());
     if (layer.Kind() == ielkPolyline) WriteStroke(static_cast<TIEPolylineLayer&>(layer));
 }
 
@@ -133,7 +126,7 @@ void TIELayerPointsInteraction::WriteStroke(TIEPolylineLayer& stroke) const {
 void TIELayerPointsInteraction::MouseUp(TIEMouseButton button, TIEShiftState, int, int) {
     if (!active_ || button != mbLeft) return;
     // A line whose press did not move waits for a second click.
-    if (Drawing || (pointCount_ == 2 && newLayer_ >= 0)) Finish();
+    if (Drawing || (pointCount_ == 2 && newLayer_.Exists())) Finish();
 }
 
 void TIELayerPointsInteraction::FinishStroke(TIEPolylineLayer& stroke) {
@@ -155,11 +148,11 @@ void TIELayerPointsInteraction::FinishStroke(TIEPolylineLayer& stroke) {
 }
 
 void TIELayerPointsInteraction::Finish() {
-    if (pointCount_ == 0 || newLayer_ < 0) {
+    if (pointCount_ == 0 || !newLayer_.Exists()) {
         Cancel();
         return;
     }
-    TIELayer& layer = *Owner().Layers().GetLayer(newLayer_);
+    TIELayer& layer = *Owner().Layers().GetLayer(newLayer_.Index());
     if (Drawing && layer.Kind() == ielkPolyline)
         FinishStroke(static_cast<TIEPolylineLayer&>(layer));
     if (layer.Width < kMinimumSize && layer.Height < kMinimumSize) {
@@ -168,21 +161,15 @@ void TIELayerPointsInteraction::Finish() {
     }
     layer.ApplyChanges();
     Owner().Update();
-    const int index = newLayer_;
+    const int index = newLayer_.Index();
     active_ = false;
-    newLayer_ = -1;
+    newLayer_.Forget();
     Owner().Layers().Notify(index, ielCreated);
 }
 
 void TIELayerPointsInteraction::Cancel() {
-    if (newLayer_ >= 0) {
-        Owner().Layers().LayersRemove(newLayer_);
-        if (undoSaved_) Owner().Proc()->DiscardUndo(0);
-        Owner().Update();
-    }
+    newLayer_.Drop(Owner());
     active_ = false;
-    newLayer_ = -1;
-    undoSaved_ = false;
     pointCount_ = 0;
     points_.clear();
 }

@@ -3,6 +3,7 @@
 #include <QPoint>
 #include <vector>
 
+#include "imaging/IENewLayer.h"
 #include "imaging/IEUserInteraction.h"
 
 namespace qpt {
@@ -28,7 +29,7 @@ public:
     // Freehand: every move adds to the stroke.
     bool Drawing = false;
     int PointCount() const { return pointCount_; }
-    int NewLayerIndex() const { return newLayer_; }
+    int NewLayerIndex() const { return newLayer_.Index(); }
     QPoint Anchor() const { return anchor_; }
 
     bool MouseDown(TIEMouseButton button, TIEShiftState shift, int x, int y) override;
@@ -49,8 +50,7 @@ private:
     void WriteStroke(TIEPolylineLayer& stroke) const;
 
     bool active_ = false;
-    int newLayer_ = -1;
-    bool undoSaved_ = false;
+    TIENewLayer newLayer_;
     int pointCount_ = 0;
     QPoint anchor_;
     QPoint last_;
