@@ -33,8 +33,24 @@ QVariant BoolValue(const TSkinValue& value, QString* error) {
     return InvalidIdent(error, value);
 }
 
+// A number given for an enumeration must still be one of its values (or, for
+// a set, made of its bits): anything else is no value of the type at all.
+bool IsEnumValue(const QMetaEnum& meta, qint64 number) {
+    if (number < std::numeric_limits<int>::min() || number > std::numeric_limits<int>::max())
+        return false;
+    const int v = int(number);
+    if (!meta.isFlag()) return meta.valueToKey(v) != nullptr;
+    int bits = 0;
+    for (int i = 0; i < meta.keyCount(); ++i)
+        bits |= meta.value(i);
+    return (v & ~bits) == 0;
+}
+
 QVariant EnumValue(const QMetaEnum& meta, const TSkinValue& value, QString* error) {
-    if (value.kind == Kind::Integer) return int(value.integer);
+    if (value.kind == Kind::Integer) {
+        if (IsEnumValue(meta, value.integer)) return int(value.integer);
+        return Refuse(error, QStringLiteral("value out of range"));
+    }
     if (meta.isFlag() && value.kind == Kind::Set) {
         int bits = 0;
         for (const QString& name : value.SetNames()) {

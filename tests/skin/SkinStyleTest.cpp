@@ -182,6 +182,12 @@ TEST_F(SkinStyleTest, ReaderWalksDottedPathsAndRefusesWhatDoesNotFit) {
     EXPECT_EQ(TSkinReader::SetPropertyText(&button, "Font.Height", "1.5"), R::Invalid);
     EXPECT_EQ(TSkinReader::SetPropertyText(&button, "Font.Style", "fsBold"), R::Invalid);
     EXPECT_EQ(TSkinReader::SetPropertyText(&button, "Font.Style", "[fsBold, fsNone]"), R::Invalid);
+    // A number names an enumeration value only when the type has it.
+    EXPECT_EQ(TSkinReader::SetPropertyText(&button, "ImageOption.StretchMode", "-12"), R::Invalid);
+    EXPECT_EQ(TSkinReader::SetPropertyText(&button, "ImageOption.StretchMode", "4"), R::Invalid);
+    EXPECT_EQ(TSkinReader::SetPropertyText(&button, "ImageOption.StretchMode", "2"), R::Applied);
+    EXPECT_EQ(button.ImageOption()->Rect().StretchMode(), TSuperStretchMode::sdmFill);
+    EXPECT_EQ(TSkinReader::SetPropertyText(&button, "Font.Style", "256"), R::Invalid);
     EXPECT_EQ(button.Font()->Height(), -15);
     EXPECT_EQ(button.Font()->Style(), TRdFont::TFontStyles());
 }
