@@ -149,31 +149,6 @@ void IEBlendAlphaRow(uint8_t* dst, const uint8_t* src, const uint8_t* alpha, int
     }
 }
 
-void TIEOpaqueRuns::Build(const TIEBitmap& premul) {
-    constexpr int kBridge = 8;
-    rowStart_.assign(1, 0);
-    runs_.clear();
-    for (int y = 0; y < premul.Height(); ++y) {
-        const uint32_t* row = reinterpret_cast<const uint32_t*>(premul.Scanline(y));
-        int x = 0;
-        const int w = premul.Width();
-        while (x < w) {
-            while (x < w && row[x] == 0)
-                ++x;
-            if (x == w) break;
-            const int begin = x;
-            int lastSet = x;
-            while (x < w && x - lastSet <= kBridge) {
-                if (row[x] != 0) lastSet = x;
-                ++x;
-            }
-            runs_.push_back({begin, lastSet + 1});
-            x = lastSet + 1;
-        }
-        rowStart_.push_back(uint32_t(runs_.size()));
-    }
-}
-
 void IEHalveScale32(const TIEBitmap& src, TIEBitmap& dst) {
     const int w = std::min(dst.Width(), src.Width() / 2);
     const int h = std::min(dst.Height(), src.Height() / 2);

@@ -1,8 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <utility>
-#include <vector>
 
 #include "imaging/IEBitmap.h"
 
@@ -26,27 +24,6 @@ void IEBlendAlphaRow(uint8_t* dst, const uint8_t* src, const uint8_t* alpha, int
 // the size): each pixel is the rounded mean of its 2 by 2 block, which is the
 // linear filter at exactly one half.
 void IEHalveScale32(const TIEBitmap& src, TIEBitmap& dst);
-
-// Where a premultiplied ie32RGB picture has something to show: per row, the
-// runs of pixels that are not fully transparent (gaps of a few pixels are
-// bridged). Composing reads only these, so the empty inside of a hollow
-// shape or the space around a stroke costs nothing.
-class TIEOpaqueRuns {
-public:
-    struct Run {
-        int begin, end;  // end exclusive
-    };
-    void Build(const TIEBitmap& premul);
-    // Runs of one row, in order.
-    std::pair<const Run*, const Run*> Row(int y) const {
-        return {runs_.data() + rowStart_[size_t(y)], runs_.data() + rowStart_[size_t(y) + 1]};
-    }
-    bool Empty() const { return rowStart_.empty(); }
-
-private:
-    std::vector<uint32_t> rowStart_;
-    std::vector<Run> runs_;
-};
 
 namespace blend_detail {
 void BlendPremulRowScalar(uint8_t* dst, const uint8_t* src, int n, int k);

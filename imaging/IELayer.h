@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "imaging/IEBitmap.h"
-#include "imaging/IEBlend.h"
+#include "imaging/IEOpaqueRuns.h"
 #include "imaging/IELayerTypes.h"
 
 namespace qpt {

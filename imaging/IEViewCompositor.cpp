@@ -9,6 +9,7 @@
 #include "imaging/IEImageCompose.h"
 #include "imaging/IEImageLayer.h"
 #include "imaging/IELayerList.h"
+#include "imaging/IEOpaqueRuns.h"
 
 namespace qpt {
 
@@ -42,8 +43,12 @@ std::vector<TIEViewCompositor::Shown> TIEViewCompositor::Snapshot(TIELayerList& 
         const bool grips = HasGrips(layers, i);
         if (framed || grips)
             rect.adjust(-kGripRadius - 1, -kGripRadius - 1, kGripRadius + 2, kGripRadius + 2);
-        shown.push_back({&layer, rect, Drawn(layers, i), layer.ContentGeneration(),
-                         IELayerOpacity(layer.Opacity, layer.Transparency) + (grips ? 256 : 0)});
+        shown.push_back({&layer,
+                         rect,
+                         Drawn(layers, i),
+                         layer.ContentGeneration(),
+                         IELayerOpacity(layer.Opacity, layer.Transparency) + (grips ? 256 : 0),
+                         {}});
     }
     return shown;
 }
@@ -57,21 +62,24 @@ QRegion TIEViewCompositor::Compose(TIELayerList& layers) {
         fullRedraw_ = true;
     }
     std::vector<Shown> now = Snapshot(layers);
-    QRegion damage;
-    if (fullRedraw_ || now.size() != shown_.size()) {
-        damage = client;
-    } else {
-        for (size_t i = 0; i < now.size(); ++i) {
-            if (now[i] == shown_[i]) continue;
-            if (now[i].layer != shown_[i].layer) {
-                damage = client;
-                break;
-            }
-            damage += now[i].rect;
-            damage += shown_[i].rect;
+    bool full = fullRedraw_ || now.size() != shown_.size();
+    QRegion damage = full ? QRegion(client) : QRegion();
+    for (size_t i = 0; i < now.size(); ++i) {
+        if (!full && now[i].SameAs(shown_[i])) {
+            now[i].cover = shown_[i].cover;
+            continue;
         }
-        damage &= client;
+        now[i].cover = Cover(*layers.GetLayer(int(i)), now[i]);
+        if (full) continue;
+        if (now[i].layer != shown_[i].layer) {
+            full = true;
+            damage = client;
+            continue;
+        }
+        damage += now[i].cover;
+        damage += shown_[i].cover;
     }
+    damage &= client;
     for (const QRect& area : damage)
         ComposeArea(layers, area);
     shown_ = std::move(now);
@@ -146,6 +154,21 @@ void TIEViewCompositor::ComposeImageLayer(TIELayer& layer, const QRect& clip) {
                    IELayerOpacity(layer.Opacity, layer.Transparency), linear);
 }
 
+QRegion TIEViewCompositor::Cover(TIELayer& layer, const Shown& shown) const {
+    const QRect r = layer.ClientRect;
+    QRegion cover;
+    if (shown.drawn && layer.Kind() == ielkImage)
+        cover = r;
+    else if (shown.drawn && layer.CacheFor(r.width(), r.height()))
+        cover = layer.CacheRuns().Coverage(r.topLeft(), kCoverTile);
+    // The frame and grips lie in a ring around the layer.
+    if (shown.rect != r) {
+        const int inset = kGripRadius + 2;
+        cover += QRegion(shown.rect) - QRegion(r.adjusted(inset, inset, -inset, -inset));
+    }
+    return cover;
+}
+
 bool TIEViewCompositor::HasFrame(TIELayerList& layers, int index) const {
     const TIELayer& layer = *layers.GetLayer(index);
     return layer.Selected && layer.VisibleBox && Drawn(layers, index);
@@ -155,34 +178,46 @@ bool TIEViewCompositor::HasGrips(TIELayerList& layers, int index) const {
     return ShowGrips && index == layers.LayersCurrent() && layers.GetLayer(index)->Selectable;
 }
 
+namespace {
+
+// The frame is the ring of pixels just outside the layer, drawn straight
+// into the rows: a painter set up over a 4K buffer costs more than the frame.
+void DrawFrameRing(TIEBitmap& back, const QRect& r, const QRect& area) {
+    const QRect ring = r.adjusted(-1, -1, 1, 1);
+    for (QRect line : {QRect(ring.left(), ring.top(), ring.width(), 1),
+                       QRect(ring.left(), ring.bottom(), ring.width(), 1),
+                       QRect(ring.left(), r.top(), 1, r.height()),
+                       QRect(ring.right(), r.top(), 1, r.height())}) {
+        line &= area;
+        for (int y = line.top(); y <= line.bottom(); ++y)
+            std::memset(back.Scanline(y) + 3 * line.left(), 0, size_t(line.width()) * 3);
+    }
+}
+
+}  // namespace
+
 void TIEViewCompositor::DrawFrames(TIELayerList& layers, const QRect& area) {
-    bool any = false;
-    for (int i = 0; i < layers.LayersCount() && !any; ++i)
-        any = HasFrame(layers, i) || HasGrips(layers, i);
-    if (!any) return;  // a painter over the whole buffer is not free
+    for (int i = 0; i < layers.LayersCount(); ++i) {
+        const QRect r = layers.GetLayer(i)->ClientRect;
+        if (HasFrame(layers, i)) DrawFrameRing(back_, r, area);
+        if (HasGrips(layers, i)) DrawGrips(r, area);
+    }
+}
+
+void TIEViewCompositor::DrawGrips(const QRect& r, const QRect& area) {
     QImage image = back_.WrapQImage();
     if (image.isNull()) return;
     QPainter painter(&image);
     painter.setClipRect(area);
     painter.setRenderHint(QPainter::Antialiasing, true);
-    for (int i = 0; i < layers.LayersCount(); ++i) {
-        const TIELayer& layer = *layers.GetLayer(i);
-        const QRect r = layer.ClientRect;
-        if (HasFrame(layers, i)) {
-            painter.setPen(QPen(Qt::black, 1));
-            painter.setBrush(Qt::NoBrush);
-            painter.drawRect(QRectF(r).adjusted(-0.5, -0.5, 0.5, 0.5));
-        }
-        if (!HasGrips(layers, i)) continue;
-        painter.setPen(QPen(IEQColor(0), 1));
-        painter.setBrush(IEQColor(0xBAFFFF));
-        const QPointF c = QRectF(r).center();
-        for (QPointF p : {QPointF(r.left(), r.top()), QPointF(c.x(), r.top()),
-                          QPointF(r.right() + 1, r.top()), QPointF(r.right() + 1, c.y()),
-                          QPointF(r.right() + 1, r.bottom() + 1), QPointF(c.x(), r.bottom() + 1),
-                          QPointF(r.left(), r.bottom() + 1), QPointF(r.left(), c.y())})
-            painter.drawEllipse(p, kGripRadius, kGripRadius);
-    }
+    painter.setPen(QPen(IEQColor(0), 1));
+    painter.setBrush(IEQColor(0xBAFFFF));
+    const QPointF c = QRectF(r).center();
+    for (QPointF p : {QPointF(r.left(), r.top()), QPointF(c.x(), r.top()),
+                      QPointF(r.right() + 1, r.top()), QPointF(r.right() + 1, c.y()),
+                      QPointF(r.right() + 1, r.bottom() + 1), QPointF(c.x(), r.bottom() + 1),
+                      QPointF(r.left(), r.bottom() + 1), QPointF(r.left(), c.y())})
+        painter.drawEllipse(p, kGripRadius, kGripRadius);
 }
 
 }  // namespace qpt

@@ -34,6 +34,9 @@ public:
     QRect LayerRect(const TIELayer& layer) const;
 
     static constexpr int kGripRadius = 5;
+    // Damage is tracked in tiles of this size: fine enough that an outline
+    // or a stroke does not redraw the box it spans.
+    static constexpr int kCoverTile = 32;
 
 private:
     struct Shown {
@@ -42,8 +45,13 @@ private:
         bool drawn;
         uint64_t generation;
         int opacity;
-        bool operator==(const Shown&) const = default;
+        QRegion cover;  // what of rect it really paints: the damage when it goes or comes
+        bool SameAs(const Shown& o) const {
+            return layer == o.layer && rect == o.rect && drawn == o.drawn &&
+                   generation == o.generation && opacity == o.opacity;
+        }
     };
+    QRegion Cover(TIELayer& layer, const Shown& shown) const;
     std::vector<Shown> Snapshot(TIELayerList& layers) const;
     bool Drawn(TIELayerList& layers, int index) const;
     bool HasFrame(TIELayerList& layers, int index) const;
@@ -53,6 +61,7 @@ private:
     void ComposeLayer(TIELayer& layer, const QRect& area);
     void ComposeImageLayer(TIELayer& layer, const QRect& clip);
     void DrawFrames(TIELayerList& layers, const QRect& area);
+    void DrawGrips(const QRect& layerRect, const QRect& area);
 
     TIEBitmap back_;
     std::vector<Shown> shown_;

@@ -167,6 +167,34 @@ TEST(ViewCompositor, MovingALayerRecomposesOnlyWhatChanged) {
     EXPECT_TRUE(SameBuffers(s.view.BackBuffer(), fresh.view.BackBuffer()));
 }
 
+// While an outline is dragged bigger, what lies inside it is left alone;
+// the result is still the same as composing from scratch.
+TEST(ViewCompositor, AGrowingOutlineRedrawsOnlyItsEdges) {
+    auto addOutline = [](Scene& s, double w, double h) {
+        auto& rect = static_cast<TIEShapeLayer&>(
+            *s.list.LayersAdd(ielkShape, QPointF(20, 20), QSizeF(w, h)));
+        rect.Shape = iesRectangle;
+        rect.SetFillColor(clNone);
+        rect.SetBorderWidth(3);
+        rect.VisibleBox = false;
+        return &rect;
+    };
+    Scene s(400, 300);
+    TIELayer* rect = addOutline(s, 300, 200);
+    s.view.Compose(s.list);
+    rect->Width = 340;
+    rect->Height = 240;
+    rect->Changed(true);
+    const QRegion damage = s.view.Compose(s.list);
+    EXPECT_TRUE(damage.contains(QPoint(20 + 339, 20 + 239)));
+    EXPECT_FALSE(damage.contains(QPoint(180, 140)));
+
+    Scene fresh(400, 300);
+    addOutline(fresh, 340, 240);
+    fresh.view.Compose(fresh.list);
+    EXPECT_TRUE(SameBuffers(s.view.BackBuffer(), fresh.view.BackBuffer()));
+}
+
 TEST(ViewCompositor, GripsAndFrameOfTheCurrentLayer) {
     Scene s(120, 100);
     TIELayer* layer = s.list.LayersAdd(ielkShape, QPointF(30, 20), QSizeF(40, 50));
