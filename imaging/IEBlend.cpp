@@ -129,7 +129,9 @@ bool HasVectorKernel() {
 void IEBlendPremulRow(uint8_t* dst, const uint8_t* src, int n, int k) {
     if (k <= 0 || n <= 0) return;
     if (k > 255) k = 255;
-    if (blend_detail::HasVectorKernel())
+    if (blend_detail::HasWideKernel())
+        blend_detail::BlendPremulRowWide(dst, src, n, k);
+    else if (blend_detail::HasVectorKernel())
         blend_detail::BlendPremulRowVector(dst, src, n, k);
     else
         blend_detail::BlendPremulRowScalar(dst, src, n, k);

@@ -29,6 +29,10 @@ namespace blend_detail {
 void BlendPremulRowScalar(uint8_t* dst, const uint8_t* src, int n, int k);
 void BlendPremulRowVector(uint8_t* dst, const uint8_t* src, int n, int k);
 bool HasVectorKernel();
+// Sixteen pixels a step with masked loads and stores, for processors with
+// 512-bit byte operations; the same bytes as the others.
+void BlendPremulRowWide(uint8_t* dst, const uint8_t* src, int n, int k);
+bool HasWideKernel();
 }  // namespace blend_detail
 
 }  // namespace qpt

@@ -5,6 +5,7 @@
 
 #include "imaging/IEBlend.h"
 #include "imaging/IEImageLayer.h"
+#include "imaging/IEStretchRows.h"
 
 namespace qpt {
 
@@ -22,78 +23,12 @@ TIESampleTable IESampleTable(int first, int count, int srcLength, int destLength
     return table;
 }
 
-namespace compose_detail {
-
-// Weighted sum of two rows, 0..65280 per byte. Cloned for AVX2, where the
-// compiler widens it to 16 lanes; the default clone is plain x86-64.
-void MixRows(const uint8_t* r0, const uint8_t* r1, uint32_t fy, uint16_t* out, int n);
-
-// GCC vectorises at -O2 only when asked; clang does it anyway and rejects the
-// request as an unknown attribute.
-#if defined(__clang__)
-#define QPT_CLONED_LOOP __attribute__((target_clones("avx2", "default")))
-#else
-#define QPT_CLONED_LOOP \
-    __attribute__((target_clones("avx2", "default"), optimize("tree-vectorize")))
-#endif
-
-QPT_CLONED_LOOP void MixRows(const uint8_t* r0, const uint8_t* r1, uint32_t fy, uint16_t* out,
-                             int n) {
-    const uint16_t wy = uint16_t(fy), wx = uint16_t(256 - fy);
-    for (int b = 0; b < n; ++b)
-        out[b] = uint16_t(r0[b] * wx + r1[b] * wy);
-}
-
-}  // namespace compose_detail
-
 namespace {
 
 bool IsIdentity(const TIESampleTable& t) {
     for (size_t i = 1; i < t.size(); ++i)
         if (t[i] - t[i - 1] != 65536) return false;
     return t.empty() || (t[0] & 0xFFFF) == 0;
-}
-
-// Where each destination column samples: the two neighbouring source
-// columns and the weight of the right one, 0..256. Worked out once per call.
-struct Columns {
-    std::vector<int> x0, x1;
-    std::vector<uint32_t> fx;
-};
-
-Columns ColumnsFor(const TIESampleTable& xs, int width, bool linear) {
-    Columns c;
-    c.x0.resize(xs.size());
-    c.x1.resize(xs.size());
-    c.fx.resize(xs.size());
-    for (size_t i = 0; i < xs.size(); ++i) {
-        c.x0[i] = std::clamp(int(xs[i] >> 16), 0, width - 1);
-        c.x1[i] = linear ? std::min(c.x0[i] + 1, width - 1) : c.x0[i];
-        c.fx[i] = linear ? uint32_t(xs[i] & 0xFFFF) >> 8 : 0;
-    }
-    return c;
-}
-
-// One destination row of a plane with `channels` bytes per pixel: rows
-// blended first over the columns in use (a loop the compiler vectorises),
-// then the columns. The integer sum equals the direct bilinear one.
-template <int channels>
-void SampleRow(const uint8_t* r0, const uint8_t* r1, uint32_t fy, const Columns& c, uint8_t* out,
-               std::vector<uint16_t>& mixed) {
-    const size_t n = c.x0.size();
-    const int first = c.x0.front() * channels, last = (c.x1.back() + 1) * channels;
-    mixed.resize(size_t(last - first));
-    uint16_t* m = mixed.data() - first;
-    for (int b = first; b < last; ++b)
-        m[b] = uint16_t(r0[b] * (256 - fy) + r1[b] * fy);
-    for (size_t i = 0; i < n; ++i) {
-        const uint32_t fx = c.fx[i];
-        const uint16_t* a = m + channels * c.x0[i];
-        const uint16_t* b = m + channels * c.x1[i];
-        for (int ch = 0; ch < channels; ++ch)
-            out[channels * i + size_t(ch)] =
-                uint8_t((a[ch] * (256 - fx) + b[ch] * fx + 32768) >> 16);
-    }
 }
 
 void UniteAlpha(uint8_t* dst, const uint8_t* a, int n, int k) {
@@ -117,11 +52,17 @@ void IEComposeImage(const TIEBitmap& src, TIEBitmap& dst, int destX, int destY,
     const int n = int(xs.size());
     const bool direct =
         !linear && IsIdentity(xs) && xs[0] >= 0 && int(xs.back() >> 16) < src.Width();
-    std::vector<uint8_t> rgb(direct ? 0 : size_t(n) * 3), a(direct || !alpha ? 0 : size_t(n));
-    const Columns columns = direct ? Columns{} : ColumnsFor(xs, src.Width(), linear);
-    std::vector<uint16_t> mixed;
+    // An opaque picture at full opacity is sampled straight into place.
+    const bool inPlace = !direct && !alpha && k == 255;
+    std::vector<uint8_t> rgb(direct || inPlace ? 0 : size_t(n) * 3);
+    std::vector<uint8_t> a(direct || !alpha ? 0 : size_t(n));
+    const TIEStretchColumns columns =
+        direct ? TIEStretchColumns{} : IEStretchColumns(xs, src.Width(), linear);
+    const bool enlarging = ys.size() < 2 || ys[1] - ys[0] < 65536;
+    TIEStretchRows colour(columns, 3, enlarging), opacity(columns, 1, enlarging);
     for (size_t j = 0; j < ys.size(); ++j) {
         const int y = destY + int(j);
+        uint8_t* drow = dst.Scanline(y) + 3 * destX;
         const int y0 = std::clamp(int(ys[j] >> 16), 0, src.Height() - 1);
         const int y1 = linear ? std::min(y0 + 1, src.Height() - 1) : y0;
         const uint32_t fy = linear ? uint32_t(ys[j] & 0xFFFF) >> 8 : 0;
@@ -132,15 +73,19 @@ void IEComposeImage(const TIEBitmap& src, TIEBitmap& dst, int destX, int destY,
             srow = src.Scanline(y0) + 3 * sx;
             if (alpha) arow = alpha->Scanline(y0) + sx;
         } else {
-            SampleRow<3>(src.Scanline(y0), src.Scanline(y1), fy, columns, rgb.data(), mixed);
-            srow = rgb.data();
+            uint8_t* out = inPlace ? drow : rgb.data();
+            colour.Sample(src.Scanline(y0), y0, src.Scanline(y1), y1, fy, out);
+            if (inPlace) {
+                if (dstAlpha) UniteAlpha(dstAlpha->Scanline(y) + destX, nullptr, n, k);
+                continue;
+            }
+            srow = out;
             if (alpha) {
-                SampleRow<1>(alpha->Scanline(y0), alpha->Scanline(y1), fy, columns, a.data(),
-                             mixed);
+                opacity.Sample(alpha->Scanline(y0), y0, alpha->Scanline(y1), y1, fy, a.data());
                 arow = a.data();
             }
         }
-        IEBlendAlphaRow(dst.Scanline(y) + 3 * destX, srow, arow, n, k);
+        IEBlendAlphaRow(drow, srow, arow, n, k);
         if (dstAlpha) UniteAlpha(dstAlpha->Scanline(y) + destX, arow, n, k);
     }
 }

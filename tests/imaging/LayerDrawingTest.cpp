@@ -191,14 +191,18 @@ TEST(Blend, ComposeFormulaAndVectorKernelAgree) {
     IEBlendPremulRow(dst, src, 1, IELayerOpacity(0.5, 128));
     EXPECT_NEAR(dst[0], 64, 1);
 
-    if (!blend_detail::HasVectorKernel()) GTEST_SKIP() << "no vector kernel on this processor";
+    using Kernel = void (*)(uint8_t*, const uint8_t*, int, int);
+    std::vector<Kernel> kernels;
+    if (blend_detail::HasVectorKernel()) kernels.push_back(blend_detail::BlendPremulRowVector);
+    if (blend_detail::HasWideKernel()) kernels.push_back(blend_detail::BlendPremulRowWide);
+    if (kernels.empty()) GTEST_SKIP() << "no vector kernel on this processor";
     std::mt19937 rng(7);
-    for (int n : {1, 9, 10, 11, 17, 64, 333}) {
+    for (int n : {1, 9, 10, 11, 15, 16, 17, 31, 64, 333}) {
         for (int k : {255, 200, 1, 128}) {
             std::vector<uint8_t> s(size_t(n) * 4), d(size_t(n) * 3 + 4);
             for (size_t i = 0; i < s.size(); i += 4) {
                 // Whole blocks of opaque pixels take the kernel's short cut.
-                const bool opaqueBlock = (i / 32) % 3 == 1;
+                const bool opaqueBlock = (i / 64) % 3 == 1;
                 const uint8_t a = uint8_t(opaqueBlock      ? 255
                                           : rng() % 4 == 0 ? 0
                                           : rng() % 4 == 0 ? 255
@@ -209,10 +213,13 @@ TEST(Blend, ComposeFormulaAndVectorKernelAgree) {
             }
             for (uint8_t& v : d)
                 v = uint8_t(rng());
-            auto scalar = d, vector = d;
+            auto scalar = d;
             blend_detail::BlendPremulRowScalar(scalar.data(), s.data(), n, k);
-            blend_detail::BlendPremulRowVector(vector.data(), s.data(), n, k);
-            EXPECT_EQ(scalar, vector) << "n " << n << " k " << k;
+            for (Kernel kernel : kernels) {
+                auto vector = d;
+                kernel(vector.data(), s.data(), n, k);
+                EXPECT_EQ(scalar, vector) << "n " << n << " k " << k;
+            }
         }
     }
 }
