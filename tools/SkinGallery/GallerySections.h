@@ -1,0 +1,12 @@
+#pragma once
+
+namespace qpt {
+
+class TGalleryPage;
+
+// One function per family of skinned controls; each adds its section to
+// the page, with every control in every state it can show.
+void AddFormSkinSection(TGalleryPage& page);
+void AddScrollSection(TGalleryPage& page);
+
+}  // namespace qpt
