@@ -1,0 +1,7 @@
+#include "skin/RdLabel.h"
+
+namespace qpt {
+
+TRdLabel::TRdLabel(QWidget* parent) : TRdCustomLabel(parent) {}
+
+}  // namespace qpt
