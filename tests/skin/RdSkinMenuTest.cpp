@@ -10,6 +10,8 @@
 #include "skin/RdMenuCtrl.h"
 #include "skin/RdMenuForm.h"
 #include "skin/RdSkinMenu.h"
+#include "skin/RdSkinStyle.h"
+#include "skin/Resource.h"
 #include "skin/StandardColors.h"
 
 namespace qpt {
@@ -346,6 +348,35 @@ TEST_F(SkinMenuPixels, BuiltInCheckAndArrowStandIn) {
     EXPECT_FALSE(inked(IconCell(m, Ctrl()->ItemRect(3))));
     EXPECT_TRUE(inked(ArrowRect(m, Ctrl()->ItemRect(4), QSize(16, 16))));
     EXPECT_FALSE(inked(ArrowRect(m, Ctrl()->ItemRect(3), QSize(16, 16))));
+}
+
+// The share menu takes its colours from the skin class every skin shares.
+TEST(SkinMenuSkin, ShareMenuColoursComeFromTheSkin) {
+    TResource::UnloadCache(true);
+    QWidget form;
+    auto* style = new TRdSkinStyle(&form);
+    style->SetMainSkin(true);
+    style->SetRuntimePath(QString(QPT_PROGRAM_DIR) + "/skin/");
+    style->SetPublicRccFiles({"public.rcc"});
+    style->SetSkinRccFile("classic.rcc");
+    style->Loaded();
+    {
+        TRdSkinMenu menu(&form);
+        menu.Items()->Add("Facebook");
+        menu.AllSkin()->SetSkinClass("SkinMenu");
+        menu.Popup(QPoint(0, 0));
+        TRdMenuCtrl* ctrl = menu.Forms().value(0)->Ctrl();
+        ctrl->SetHotIndex(0);
+        const QImage image = Render(ctrl);
+        EXPECT_EQ(image.pixelColor(0, 0), QColor("#41454F"));
+        EXPECT_EQ(image.pixelColor(ctrl->ItemRect(0).topLeft()), QColor("#34507A"));
+        EXPECT_EQ(menu.FontHighLight()->ToQColor(), QColor("#FFFFFF"));
+        EXPECT_EQ(menu.FontNormal()->ToQColor(), QColor("#D2D6DE"));
+        ctrl->SetHotIndex(-1);
+        EXPECT_EQ(Render(ctrl).pixelColor(ctrl->ItemRect(0).topLeft()), QColor("#2A2D35"));
+    }
+    delete style;
+    TResource::UnloadCache(true);
 }
 
 }  // namespace
