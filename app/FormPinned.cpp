@@ -5,7 +5,6 @@
 #include <QGuiApplication>
 #include <QMouseEvent>
 #include <QScreen>
-#include <QScrollArea>
 #include <QScrollBar>
 #include <cstdio>
 
@@ -34,6 +33,16 @@ namespace {
 constexpr int kBarThickness = 17;
 constexpr int kBarShownWidth = 9;
 
+void DressBar(TRdScrollBar& bar, const QString& normal, const QString& hot) {
+    TRdScrollBarImages& images = *bar.AllSkinImage();
+    images.TrackCenter()->SetText("imgname=" + normal);
+    images.TrackCenterHot()->SetText("imgname=" + hot);
+    images.Track_Option()->Rect().Set(3, 3, 3, 3, TSuperStretchMode::sdmDefault);
+    bar.SetAutoArrow(false);
+    bar.SetAutoHide(true);
+    bar.AllSkin()->SetSkinClass(QStringLiteral("scrollbar"));
+}
+
 }  // namespace
 
 TFormPinned::TFormPinned(const QStringList& arguments, QWidget* parent)
@@ -46,11 +55,13 @@ TFormPinned::TFormPinned(const QStringList& arguments, QWidget* parent)
     setFont(font);
     resize(545, 382);
 
-    RdSB_ImageFont = new QScrollArea(this);
-    RdSB_ImageFont->setFrameShape(QFrame::NoFrame);
-    RdSB_ImageFont->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    RdSB_ImageFont->verticalScrollBar()->setStyleSheet(
-        QStringLiteral("QScrollBar:vertical { width: %1px; }").arg(kBarShownWidth));
+    RdSB_ImageFont = new TRdScrollBox(this);
+    DressBar(*RdSB_ImageFont->HScroll(), QStringLiteral("images/scrollbar_normal.png"),
+             QStringLiteral("images/scrollbar_over.png"));
+    // The light thumb, as it stands over the picture.
+    DressBar(*RdSB_ImageFont->VScroll(), QStringLiteral("images/scrollbar_white_normal.png"),
+             QStringLiteral("images/scrollbar_white_over.png"));
+    RdSB_ImageFont->VScroll()->SetWidth(kBarShownWidth);
     RdSB_ImageFont->verticalScrollBar()->setSingleStep(1);
     RdSB_ImageFont->setGeometry(0, 0, 545, 382);
 
@@ -129,8 +140,9 @@ void TFormPinned::SizeWindow(const TScreenLayout& screens) {
     // A picture cut to the limit, or exactly as tall as it, scrolls; any
     // lower one keeps a window of exactly its rectangle.
     const bool scrolls = cut || picture.Height() == limit;
-    RdSB_ImageFont->setVerticalScrollBarPolicy(scrolls ? Qt::ScrollBarAlwaysOn
-                                                       : Qt::ScrollBarAlwaysOff);
+    TRdScrollBar* bar = RdSB_ImageFont->VScroll();
+    bar->SetAutoHide(false);
+    bar->setVisible(scrolls);
     // Taller than the box on purpose, so that a box that only just fits
     // finds its bar when the window is shown.
     Image_Front->resize(picture.Width(), picture.Height() + kBarThickness);
@@ -143,8 +155,8 @@ void TFormPinned::FormShow() {
     }
     const TIEBitmap& picture = *Image_Front->Layers().Background().Bitmap();
     Image_Front->resize(picture.Width(), picture.Height());
-    if (!ShowsVerticalBar(*RdSB_ImageFont))
-        RdSB_ImageFont->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    // From now on the bar comes and goes with the zoom.
+    if (!ShowsVerticalBar(*RdSB_ImageFont)) RdSB_ImageFont->VScroll()->SetAutoHide(true);
     InitialWidth = width();
     InitialHeight = height();
     if (IsWholeScreenRect(PinRect, CurrentScreenLayout()) && Bars.ToolsExist()) {

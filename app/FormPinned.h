@@ -6,8 +6,7 @@
 
 #include "app/PinnedBars.h"
 #include "app/ScreenLayout.h"
-
-class QScrollArea;
+#include "skin/RdScrollBox.h"
 
 namespace qpt {
 
@@ -34,7 +33,7 @@ public:
     // The application gained (true) or lost the activation.
     void WMACTIVATEAPP(bool active);
 
-    QScrollArea* RdSB_ImageFont = nullptr;
+    TRdScrollBox* RdSB_ImageFont = nullptr;
     TIEImageView* Image_Front = nullptr;
 
     bool Dragging = false;

@@ -2,9 +2,9 @@
 
 #include <QGuiApplication>
 #include <QScreen>
-#include <QScrollArea>
-#include <QScrollBar>
 #include <algorithm>
+
+#include "skin/RdScrollBox.h"
 
 namespace qpt {
 
@@ -34,8 +34,8 @@ QRect PinnedWindowRect(const QRect& handedOver) {
     return handedOver;
 }
 
-bool ShowsVerticalBar(const QScrollArea& box) {
-    return box.verticalScrollBar()->isVisibleTo(&box);
+bool ShowsVerticalBar(const TRdScrollBox& box) {
+    return box.VScroll()->isVisibleTo(&box);
 }
 
 }  // namespace qpt

@@ -3,9 +3,9 @@
 #include <QList>
 #include <QRect>
 
-class QScrollArea;
-
 namespace qpt {
+
+class TRdScrollBox;
 
 // The monitors as the pinned window sees them: the primary one first.
 struct TScreenLayout {
@@ -28,6 +28,6 @@ int PinnedHeightLimit(const TScreenLayout& screens);
 QRect PinnedWindowRect(const QRect& handedOver);
 
 // Whether the scroll box shows its vertical bar.
-bool ShowsVerticalBar(const QScrollArea& box);
+bool ShowsVerticalBar(const TRdScrollBox& box);
 
 }  // namespace qpt
