@@ -30,6 +30,12 @@ TRdSkinHint::TRdSkinHint(QObject* parent)
     fontTitle_->SetStyle(TRdFont::fsBold);
     allSkin_->AddChild(font_->AllSkin());
     allSkin_->AddChild(fontTitle_->AllSkin());
+    // A skin change while the hint is up shows at once.
+    for (TRdFont* font : {font_, fontTitle_})
+        connect(font, &TRdFont::Changed, window_, qOverload<>(&QWidget::update));
+    connect(backgroundImage_, &TRdPictureProperty::Changed, window_, qOverload<>(&QWidget::update));
+    connect(backgroundOption_, &TDesignRectProperty::Changed, window_,
+            qOverload<>(&QWidget::update));
     for (TRdTimer* timer : {fadeTimer_, hideTimer_})
         timer->SetEnabled(false);
     fadeTimer_->OnTimer = [this] { FadeStep(); };

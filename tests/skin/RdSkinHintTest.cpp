@@ -4,7 +4,9 @@
 #include <QHelpEvent>
 #include <QImage>
 #include <QLabel>
+#include <QScreen>
 
+#include "skin/PngImage.h"
 #include "skin/RdSkinHint.h"
 #include "skin/RdSkinHintWindow.h"
 #include "skin/UseSkinHint.h"
@@ -51,16 +53,40 @@ TEST(RdSkinHint, WindowShowsBothPartsBelowThePointer) {
     EXPECT_EQ(window->height(), 30);
 }
 
-TEST(RdSkinHint, PlainFallbackPaintsHintColourInAFrame) {
+QImage Render(QWidget* window) {
+    QImage image(window->size(), QImage::Format_ARGB32);
+    image.fill(Qt::transparent);
+    window->render(&image);
+    return image;
+}
+
+TEST(RdSkinHint, PaintsTheBackgroundPictureOrAPlainFramedBox) {
     TRdSkinHint hint;
     hint.setProperty("HintColor", quint32(0x00FFFF));  // yellow, stored blue-green-red
     hint.setProperty("AlphaBlendAnimation", false);
     hint.ActivateHint(QPoint(10, 10), "x");
-    QImage image(hint.Window()->size(), QImage::Format_ARGB32);
-    image.fill(Qt::transparent);
-    hint.Window()->render(&image);
+    QImage image = Render(hint.Window());
     EXPECT_EQ(image.pixelColor(0, 0), QColor(0x76, 0x76, 0x76));
     EXPECT_EQ(image.pixelColor(1, image.height() - 2), QColor(Qt::yellow));
+
+    QImage pixels(8, 8, QImage::Format_ARGB32);
+    pixels.fill(QColor(10, 20, 30));
+    auto png = std::make_unique<TPngImage>();
+    png->SetPixels(pixels);
+    hint.BackgroundImage()->Picture().SetGraphic(std::move(png));
+    image = Render(hint.Window());
+    EXPECT_EQ(image.pixelColor(0, 0), QColor(10, 20, 30));
+    EXPECT_EQ(image.pixelColor(image.width() - 1, image.height() - 1), QColor(10, 20, 30));
+}
+
+TEST(RdSkinHint, GoesAboveThePointerAtTheBottomOfTheScreen) {
+    TRdSkinHint hint;
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    const QPoint pointer(screen.right() - 2, screen.bottom() - 5);
+    hint.ActivateHint(pointer, "near the corner");
+    const QRect placed = hint.Window()->geometry();
+    EXPECT_EQ(placed.bottom(), pointer.y() - 4);
+    EXPECT_EQ(placed.right(), screen.right());
 }
 
 TEST(RdSkinHint, HandlersAdjustTextAndPlaceAndInactiveRefuses) {
