@@ -29,13 +29,13 @@ protected:
         bar->SetParams(0, 999, 100, 0);
         bar->SetLargeChange(100);
         bar->SetSmallChange(10);
-        SetSolidPicture(*bar->AllSkinImage()->TrackCenter(), QSize(4, 4), kRed);
-        SetSolidPicture(*bar->AllSkinImage()->TrackCenterHot(), QSize(4, 4), kGreen);
+        SetSolidPicture(*bar->AllSkinImage()->TrackCenter(), 4, 4, kRed);
+        SetSolidPicture(*bar->AllSkinImage()->TrackCenterHot(), 4, 4, kGreen);
         bar->OnScroll = [this](TScrollCode code, int&) { codes.push_back(code); };
     }
     // The rows the thumb covers, read from the pixels in the bar's middle.
     std::pair<int, int> ThumbRows(QRgb color = kRed) {
-        const QImage shot = Shot(*bar);
+        const QImage shot = RenderWidget(*bar);
         int first = -1, last = -1;
         for (int y = 0; y < shot.height(); ++y)
             if (shot.pixel(8, y) == color) {
@@ -81,17 +81,17 @@ TEST_F(ScrollBar, ATinyPageKeepsAThumbYouCanGrabAndAHorizontalBarLiesAcross) {
     bar->setGeometry(0, 0, 200, 17);
     bar->SetParams(0, 999, 100, 900);
     EXPECT_EQ(bar->Bar().Layout().thumb, QRect(180, 0, 20, 17));
-    const QImage shot = Shot(*bar);
+    const QImage shot = RenderWidget(*bar);
     EXPECT_NE(shot.pixel(179, 8), kRed);
     EXPECT_EQ(shot.pixel(180, 8), kRed);
     EXPECT_EQ(shot.pixel(199, 16), kRed);
 }
 
 TEST_F(ScrollBar, ThumbLightsUnderTheMouseAndFollowsADrag) {
-    Hover(*bar, QPoint(8, 5));
+    MouseMove(*bar, QPoint(8, 5));
     EXPECT_EQ(bar->Bar().HotPart(), TScrollBarPart::spThumb);
     EXPECT_EQ(ThumbRows(kGreen), std::make_pair(0, 19));
-    Hover(*bar, QPoint(8, 100));
+    MouseMove(*bar, QPoint(8, 100));
     EXPECT_EQ(ThumbRows(), std::make_pair(0, 19)) << "back to the plain picture off the thumb";
 
     int changes = 0, trackEnds = 0;
@@ -183,7 +183,7 @@ TEST_F(ScrollBar, SkinLinesReachTheBarAndItsPictures) {
 
     // AutoSize makes the bar as thick as its thumb picture.
     bar->SetAutoSize(true);
-    SetSolidPicture(*bar->AllSkinImage()->TrackCenter(), QSize(4, 6), kRed);
+    SetSolidPicture(*bar->AllSkinImage()->TrackCenter(), 4, 6, kRed);
     EXPECT_EQ(bar->height(), 6);
 }
 
@@ -193,16 +193,16 @@ TEST(ScrollBarEx, OwnerDrawsInsteadOrOnTopAndTheWaitIsItsOwn) {
     bar.SetParams(0, 99, 50, 0);
     bar.SetWaitInterval(150);
     bar.SetLargeChange(30);
-    SetSolidPicture(*bar.AllSkinImage()->TrackCenter(), QSize(2, 2), kRed);
+    SetSolidPicture(*bar.AllSkinImage()->TrackCenter(), 2, 2, kRed);
     bar.OnPaintEnd = [](TRdScrollBarEx&, QPainter& p) { p.fillRect(0, 0, 1, 1, Qt::blue); };
-    QImage shot = Shot(bar);
+    QImage shot = RenderWidget(bar);
     EXPECT_EQ(shot.pixel(10, 5), kRed);
     EXPECT_EQ(shot.pixel(0, 0), 0xFF0000FFu);
     EXPECT_EQ(shot.pixel(60, 5), 0u) << "windowless: the track shows what lies behind";
 
     bar.SetOwnerDraw(true);
     bar.OnDrawControl = [](TRdScrollBarEx& b, QPainter& p) { p.fillRect(b.rect(), Qt::green); };
-    shot = Shot(bar);
+    shot = RenderWidget(bar);
     EXPECT_EQ(shot.pixel(10, 5), kGreen);
     EXPECT_EQ(shot.pixel(0, 0), 0xFF0000FFu);
 

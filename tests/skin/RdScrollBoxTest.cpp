@@ -73,10 +73,10 @@ TEST_F(ScrollBox, ThicknessAndInnerModeDecideTheContentsRoom) {
 
 TEST_F(ScrollBox, DraggingTheThumbMovesTheContent) {
     TRdScrollBar* v = box.VScroll();
-    SetSolidPicture(*v->AllSkinImage()->TrackCenter(), QSize(4, 4), kRed);
+    SetSolidPicture(*v->AllSkinImage()->TrackCenter(), 4, 4, kRed);
     // Thumb 100 * 100 / 300 = 33 long, 67 pixels of travel for 200 rows.
     EXPECT_EQ(v->Bar().Layout().thumb, QRect(0, 0, 17, 33));
-    QImage shot = Shot(box);
+    QImage shot = RenderWidget(box);
     EXPECT_EQ(shot.pixel(190, 0), kRed);
     EXPECT_EQ(shot.pixel(190, 32), kRed);
     EXPECT_NE(shot.pixel(190, 33), kRed);
@@ -85,7 +85,7 @@ TEST_F(ScrollBox, DraggingTheThumbMovesTheContent) {
     MoveHeld(*v, QPoint(8, 10 + 67));
     EXPECT_EQ(v->Position(), 200);
     EXPECT_EQ(content->y(), -200);
-    shot = Shot(box);
+    shot = RenderWidget(box);
     EXPECT_EQ(shot.pixel(190, 99), kRed) << "dragged to the end the thumb meets the bottom";
     EXPECT_NE(shot.pixel(190, 66), kRed);
     MoveHeld(*v, QPoint(8, 10 + 34));

@@ -14,7 +14,7 @@ using namespace qpt::testing;
 TEST(StretchImage, BackgroundStretchesAndThePictureKeepsItsCorners) {
     TRdStretchImage image;
     image.resize(40, 20);
-    SetSolidPicture(*image.Picture_Bg(), QSize(2, 2), 0xFF0000FF);
+    SetSolidPicture(*image.Picture_Bg(), 2, 2, 0xFF0000FF);
     // A 6 by 6 frame: red corners of 2, transparent elsewhere.
     QImage frame(6, 6, QImage::Format_ARGB32);
     frame.fill(Qt::transparent);
@@ -28,7 +28,7 @@ TEST(StretchImage, BackgroundStretchesAndThePictureKeepsItsCorners) {
     bool painted = false;
     image.OnPaint = [&](TRdPaintBox&, QPainter&) { painted = true; };
 
-    const QImage shot = Shot(image);
+    const QImage shot = RenderWidget(image);
     EXPECT_EQ(shot.pixel(1, 1), 0xFFFF0000u);
     EXPECT_EQ(shot.pixel(38, 18), 0xFFFF0000u);
     EXPECT_EQ(shot.pixel(2, 2), 0xFF0000FFu) << "the background shows between the corners";
