@@ -83,6 +83,11 @@ void TRdMenuCtrl::SetHotIndex(int index) {
     update();
 }
 
+// A closed level lingers until its deferred deletion; it no longer counts.
+TRdMenuForm* TRdMenuCtrl::SubForm() const {
+    return sub_ && sub_->isVisible() ? sub_.data() : nullptr;
+}
+
 TRdMenuForm* TRdMenuCtrl::Form() const {
     return qobject_cast<TRdMenuForm*>(window());
 }
@@ -161,7 +166,7 @@ void TRdMenuCtrl::HoverAt(const QPoint& pos) {
     const TMenuItem* item = level_->Items(index);
     if (!item || !item->Selectable()) return;
     SetHotIndex(index);
-    if (index == subIndex_ && sub_) return;
+    if (index == subIndex_ && SubForm()) return;
     if (item->Count() > 0)
         OpenSub(index, false);
     else
@@ -180,7 +185,7 @@ void TRdMenuCtrl::mouseReleaseEvent(QMouseEvent* event) {
 
 // The hot entry stays lit while its own level is open.
 void TRdMenuCtrl::leaveEvent(QEvent*) {
-    if (!sub_) SetHotIndex(-1);
+    if (!SubForm()) SetHotIndex(-1);
 }
 
 void TRdMenuCtrl::Activate(int index, bool fromKeyboard) {

@@ -35,8 +35,8 @@ public:
     int HotIndex() const { return hot_; }
     // Only a selectable entry (or -1) can be hot.
     void SetHotIndex(int index);
-    // The level opened from an entry of this one, if any.
-    TRdMenuForm* SubForm() const { return sub_; }
+    // The level opened from an entry of this one, while it is up.
+    TRdMenuForm* SubForm() const;
     // The mouse is over `pos` (control coordinates), also while a higher
     // level holds the mouse.
     void HoverAt(const QPoint& pos);

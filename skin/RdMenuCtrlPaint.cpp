@@ -100,7 +100,7 @@ void TRdMenuCtrl::PaintIconBar(QPainter& painter, const TMenuMetrics& m) const {
 }
 
 void TRdMenuCtrl::PaintHot(QPainter& painter) const {
-    if (hot_ < 0 || (sub_ && sub_->isVisible() && subIndex_ != hot_)) return;
+    if (hot_ < 0 || (SubForm() && subIndex_ != hot_)) return;
     const QRect paint = ItemRect(hot_);
     const QColor light = SkinQColor(menu_->ColorHighLight());
     if (!menu_->LightBorder()) {

@@ -4,6 +4,7 @@
 #include <QImage>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QTimer>
 
 #include "skin/MenuLayout.h"
 #include "skin/PngImage.h"
@@ -209,6 +210,11 @@ TEST_F(SkinMenu, SubMenuOpensRightAndClosesLeft) {
     Key(Ctrl(1), Qt::Key_Left);
     EXPECT_EQ(menu_.Forms().size(), 1);
     EXPECT_TRUE(menu_.Showing());
+    EXPECT_EQ(Ctrl()->SubForm(), nullptr);
+    Mouse(Ctrl(), QEvent::MouseMove, Centre(4));  // the same entry opens it again
+    EXPECT_EQ(menu_.Forms().size(), 2);
+    Key(Ctrl(1), Qt::Key_Escape);
+    EXPECT_EQ(menu_.Forms().size(), 1);
 
     Ctrl()->SetHotIndex(4);
     Key(Ctrl(), Qt::Key_Right);
@@ -245,6 +251,42 @@ TEST_F(SkinMenu, ChangingItemsOnShowMeasuresAgain) {
     EXPECT_EQ(Ctrl()->height(), height - menu_.ItemHeight());
     EXPECT_EQ(changed, QStringList{"&Save"});
     EXPECT_EQ(menu_.Forms()[0]->height(), Ctrl()->height());
+}
+
+TEST(SkinMenuModes, ModalPopupReturnsOnlyOnceClosed) {
+    TRdSkinMenu menu;
+    menu.setProperty("ModalMenu", true);
+    menu.Items()->Add("One");
+    bool showingInside = false;
+    QTimer::singleShot(0, &menu, [&] {
+        showingInside = menu.Showing();
+        menu.CloseMenu();
+    });
+    menu.Popup(QPoint(5, 5));
+    EXPECT_TRUE(showingInside);
+    EXPECT_FALSE(menu.Showing());
+}
+
+TEST(SkinMenuModes, ShadowPictureAndFormBorderMakeRoomAroundTheItems) {
+    TRdSkinMenu menu;
+    menu.Items()->Add("One");
+    QImage shadow(12, 12, QImage::Format_ARGB32);
+    shadow.fill(QColor(0, 0, 0, 80));
+    auto png = std::make_unique<TPngImage>();
+    png->SetPixels(shadow);
+    menu.PictureShadow()->Picture().SetGraphic(std::move(png));
+    menu.PictureShadowOpt()->Rect().Set(4, 3, 5, 6, TSuperStretchMode::sdmDefault);
+    menu.FormBorder()->SetLeft(1);
+    menu.Popup(QPoint(5, 5));
+    TRdMenuForm* form = menu.Forms().value(0);
+    EXPECT_EQ(form->Ctrl()->pos(), QPoint(5, 3));
+    EXPECT_EQ(form->size(), form->Ctrl()->size() + QSize(10, 9));
+
+    menu.setProperty("DropShadow", false);
+    menu.Popup(QPoint(5, 5));
+    form = menu.Forms().value(0);
+    EXPECT_EQ(form->Ctrl()->pos(), QPoint(1, 0));
+    menu.CloseMenu();
 }
 
 // Colours are 0x00BBGGRR.
