@@ -1,0 +1,201 @@
+#include "skin/RdComboBox.h"
+
+#include <QLineEdit>
+#include <QPainter>
+
+#include "skin/FillSkinRect.h"
+#include "skin/RdGraphic.h"
+#include "skin/SkinDraw.h"
+#include "skin/SkinQColor.h"
+#include "skin/StandardColors.h"
+
+namespace qpt {
+
+namespace {
+
+constexpr quint32 kGrayText = clSystemColor | 17;
+constexpr quint32 kWindow = clSystemColor | 5;
+constexpr quint32 kWindowFrame = clSystemColor | 6;
+// Without a picture the arrow is drawn in a square this wide at the right.
+constexpr int kPlainArrowWidth = 16;
+
+}  // namespace
+
+TRdComboBox::TRdComboBox(QWidget* parent)
+    : QComboBox(parent),
+      form_(new TRdComboboxListForm(this)),
+      background_(NewPicture()),
+      backgroundClick_(NewPicture()),
+      backgroundFocus_(NewPicture()),
+      backgroundHot_(NewPicture()),
+      backgroundDisable_(NewPicture()),
+      backgroundOption_(new TDesignRectProperty(this)),
+      font_(new TRdFont(this)),
+      allSkin_(new TRdSkinClass(this)),
+      fontDisableColor_(kGrayText) {
+    allSkin_->AddChild(font_->AllSkin());
+    connect(font_, &TRdFont::Changed, this, &TRdComboBox::FontChanged);
+    connect(backgroundOption_, &TDesignRectProperty::Changed, this, qOverload<>(&QWidget::update));
+    connect(allSkin_->Draw(), &TRdSkinClassDraw::Changed, this, qOverload<>(&QWidget::update));
+    connect(form_->ListBox(), &TRdComboBoxList::Chosen, this, &TRdComboBox::Choose);
+    connect(form_, &TRdComboboxListForm::Closed, this, qOverload<>(&QWidget::update));
+    // Chosen from the list or stepped with the keys on the closed face.
+    connect(this, &QComboBox::activated, this, [this] {
+        if (OnSelect) OnSelect(*this);
+    });
+    form_->Bg()->SetColor(kWindow);
+    form_->Bg()->SetBorderColor(kWindowFrame);
+    FontChanged();
+}
+
+TRdPictureProperty* TRdComboBox::NewPicture() {
+    auto* picture = new TRdPictureProperty(this);
+    connect(picture, &TRdPictureProperty::Changed, this, qOverload<>(&QWidget::update));
+    return picture;
+}
+
+void TRdComboBox::SetFontDisableColor(quint32 value) {
+    fontDisableColor_ = value;
+    update();
+}
+
+void TRdComboBox::SetBorderColor(quint32 value) {
+    form_->Bg()->SetBorderColor(value);
+    update();
+}
+
+void TRdComboBox::SetColor(quint32 value) {
+    form_->Bg()->SetColor(value);
+    update();
+}
+
+void TRdComboBox::SetStyle(TComboBoxStyle value) {
+    style_ = value;
+    setEditable(value == csDropDown || value == csSimple);
+    if (QLineEdit* edit = lineEdit()) {
+        edit->setFrame(false);
+        edit->setAttribute(Qt::WA_TranslucentBackground);
+        edit->setStyleSheet("background: transparent");
+        edit->setGeometry(TextRect());
+    }
+    update();
+}
+
+void TRdComboBox::SetTextOffX(int value) {
+    textOffX_ = value;
+    form_->ListBox()->SetTextOffX(value);
+    if (lineEdit()) lineEdit()->setGeometry(TextRect());
+    update();
+}
+
+void TRdComboBox::FontChanged() {
+    setFont(font_->ToQFont());
+    form_->ListBox()->Font()->Assign(*font_);
+    update();
+}
+
+TRdComboBox::TFaceState TRdComboBox::FaceState() const {
+    if (!isEnabled()) return fsDisable;
+    if (DroppedDown()) return fsClick;
+    if (hot_) return fsHot;
+    if (hasFocus()) return fsFocus;
+    return fsNormal;
+}
+
+TRdPictureProperty* TRdComboBox::FacePicture() const {
+    TRdPictureProperty* picture = background_;
+    switch (FaceState()) {
+        case fsDisable:
+            picture = backgroundDisable_;
+            break;
+        case fsClick:
+            picture = backgroundClick_;
+            break;
+        case fsHot:
+            picture = backgroundHot_;
+            break;
+        case fsFocus:
+            picture = backgroundFocus_;
+            break;
+        case fsNormal:
+            break;
+    }
+    return picture->Empty() ? background_ : picture;
+}
+
+// The text keeps clear of the picture's right slice, where the arrow is.
+QRect TRdComboBox::TextRect() const {
+    const int right = background_->Empty() ? kPlainArrowWidth : backgroundOption_->Right();
+    return rect().adjusted(textOffX_, 0, -std::max(right, 0), 0);
+}
+
+void TRdComboBox::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setOpacity(allSkin_->Draw()->DrawAlpha() / 255.0);
+    TRdPictureProperty* picture = FacePicture();
+    if (!picture->Empty())
+        SkinDraw(painter, rect(), picture->Graphic(), &backgroundOption_->Rect());
+    else
+        PaintPlainFace(painter);
+    if (isEditable()) return;
+    const QRect text = TextRect();
+    painter.setFont(font());
+    painter.setPen(isEnabled() ? font_->ToQColor() : SkinQColor(fontDisableColor_));
+    painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                     fontMetrics().elidedText(currentText(), Qt::ElideRight, text.width()));
+}
+
+void TRdComboBox::PaintPlainFace(QPainter& painter) const {
+    FillSkinRect(painter, rect(), Color(), Color(), TGradientDirection::gdHorizontal);
+    painter.setPen(SkinQColor(BorderColor()));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    const QPoint tip(width() - kPlainArrowWidth / 2, height() / 2 + 2);
+    painter.setPen(QPen(font_->ToQColor(), 1.5));
+    painter.drawPolyline(QList<QPoint>{tip + QPoint(-4, -4), tip, tip + QPoint(4, -4)});
+}
+
+void TRdComboBox::resizeEvent(QResizeEvent* event) {
+    QComboBox::resizeEvent(event);
+    if (lineEdit()) lineEdit()->setGeometry(TextRect());
+}
+
+void TRdComboBox::enterEvent(QEnterEvent* event) {
+    hot_ = true;
+    update();
+    QComboBox::enterEvent(event);
+}
+
+void TRdComboBox::leaveEvent(QEvent* event) {
+    hot_ = false;
+    update();
+    QComboBox::leaveEvent(event);
+}
+
+void TRdComboBox::showPopup() {
+    if (count() == 0 || DroppedDown()) return;
+    TRdComboBoxList* list = form_->ListBox();
+    QStringList items;
+    for (int i = 0; i < count(); ++i)
+        items << itemText(i);
+    list->SetItems(items);
+    const int rows = std::min(count(), std::max(maxVisibleItems(), 1));
+    form_->Arrange(width(), rows);
+    list->SetItemIndex(currentIndex());
+    list->SetTopIndex(currentIndex() - rows / 2);
+    form_->PopupAt(QRect(mapToGlobal(QPoint(0, 0)), size()));
+    update();
+    if (OnDropDownShow) OnDropDownShow(*this);
+}
+
+void TRdComboBox::hidePopup() {
+    form_->hide();
+}
+
+void TRdComboBox::Choose(int index) {
+    hidePopup();
+    setCurrentIndex(index);
+    emit activated(index);
+    emit textActivated(itemText(index));
+}
+
+}  // namespace qpt
