@@ -8,5 +8,8 @@ class TGalleryPage;
 // the page, with every control in every state it can show.
 void AddFormSkinSection(TGalleryPage& page);
 void AddScrollSection(TGalleryPage& page);
+void AddSliderSection(TGalleryPage& page);
+void AddMenuSection(TGalleryPage& page);
+void AddHintSection(TGalleryPage& page);
 
 }  // namespace qpt

@@ -3,9 +3,9 @@
 #include <QScrollBar>
 #include <functional>
 
-#include "skin/RdPanel.h"
 #include "skin/RdScrollBarEx.h"
 #include "skin/RdScrollBox.h"
+#include "tools/SkinGallery/GalleryGround.h"
 #include "tools/SkinGallery/GalleryPage.h"
 #include "tools/SkinGallery/GallerySections.h"
 
@@ -28,19 +28,6 @@ Bar* Skinned(Bar* bar, TScrollBarModel::TScrollBarKind kind, bool white = false)
     bar->AllSkinImage()->TrackCenterHot()->SetText("imgname=" + stem + "over.png");
     bar->SetParams(0, 99, 25, 30);
     return bar;
-}
-
-constexpr quint32 kLightGround = 0xD8D8D8;
-constexpr quint32 kDarkGround = 0x38332E;  // 00BBGGRR
-
-// The bars have no track picture of their own: a ground shows their extent.
-TRdPanel* OnGround(QWidget* control, quint32 color) {
-    auto* panel = new TRdPanel(control->parentWidget());
-    panel->resize(control->size() + QSize(8, 8));
-    panel->SetColor(color);
-    control->setParent(panel);
-    control->move(4, 4);
-    return panel;
 }
 
 void AddBarStates(TGallerySection& section, TScrollBarModel::TScrollBarKind kind,

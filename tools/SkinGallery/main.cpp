@@ -25,6 +25,9 @@ bool WantsPng(int argc, char** argv) {
 void AddSections(qpt::TGalleryPage& page) {
     qpt::AddFormSkinSection(page);
     qpt::AddScrollSection(page);
+    qpt::AddSliderSection(page);
+    qpt::AddMenuSection(page);
+    qpt::AddHintSection(page);
 }
 
 }  // namespace
