@@ -131,7 +131,7 @@ TEST_F(FontSizeCombo, OnlyRowsCutByTheListShowAHint) {
     EXPECT_EQ(list.Hint(), "");
 }
 
-TEST_F(FontSizeCombo, ClickOrReturnChoosesAndClosesEscapeOnlyCloses) {
+TEST_F(FontSizeCombo, ClickOrReturnChoosesAndClosesEscapeOrFocusLossOnlyClose) {
     int activated = 0;
     QObject::connect(&combo, &QComboBox::activated, [&] { ++activated; });
     combo.showPopup();
@@ -157,7 +157,16 @@ TEST_F(FontSizeCombo, ClickOrReturnChoosesAndClosesEscapeOnlyCloses) {
     EXPECT_FALSE(combo.DroppedDown());
     EXPECT_EQ(combo.currentIndex(), top + 2);
     EXPECT_EQ(selected.size(), 2u);
-    EXPECT_EQ(shown, 3);
+
+    // A press on the closed face opens the list; losing the focus closes it.
+    Mouse(combo, QEvent::MouseButtonPress, {60, 15});
+    Mouse(combo, QEvent::MouseButtonRelease, {60, 15});
+    EXPECT_TRUE(combo.DroppedDown());
+    QEvent deactivate(QEvent::WindowDeactivate);
+    QApplication::sendEvent(combo.ListForm(), &deactivate);
+    EXPECT_FALSE(combo.DroppedDown());
+    EXPECT_EQ(combo.currentIndex(), top + 2);
+    EXPECT_EQ(shown, 4);
 }
 
 TEST_F(FontSizeCombo, ClosedFaceKeysStepTheChoiceAndOpenOurOwnList) {
