@@ -321,6 +321,25 @@ TEST_F(HtmLabelTest, LinksLightUpUnderTheMouseAndReportClicks) {
     EXPECT_TRUE(clicked.isEmpty());
 }
 
+TEST_F(HtmLabelTest, HostileMarkupLaysOutAndPaintsWithinBounds) {
+    label.setGeometry(0, 0, 120, 60);
+    label.SetImages({QImage(4, 4, QImage::Format_ARGB32)});
+    QString markup =
+        QString("<IMG SRC=IDX:0 WIDTH=999999 HEIGHT=999999><HR WIDTH=999999 HEIGHT=999999>");
+    for (int i = 0; i < 500; ++i)
+        markup += QString("<FONT SIZE=999999 STYLE=\"FONT-SIZE:99999PT\"><A HREF=x>");
+    markup += QString(
+        "wordwordwordwordwordwordwordwordwordwordwordwordwordword <UL><LI><OL><LI>unclosed");
+    label.SetCaption(markup);
+    const THtmLayout layout = label.CurrentLayout();
+    EXPECT_TRUE(layout.cut);
+    for (const THtmFragment& fragment : layout.fragments) {
+        EXPECT_LE(fragment.rect.width(), kHtmMaxPictureSide);
+        EXPECT_LE(fragment.rect.height(), kHtmMaxPictureSide);
+    }
+    testing::RenderWidget(label);
+}
+
 TEST_F(HtmLabelTest, FitsToTheMarkup) {
     label.SetWordWrap(false);
     label.SetAutoSize(true);
