@@ -10,6 +10,12 @@ void CopySlicing(const TDesignRectProperty& from, TDesignRectProperty& to) {
     to.Rect().Set(r.Left(), r.Top(), r.Right(), r.Bottom(), r.StretchMode());
 }
 
+// Lives as long as the process, past every static holder's end.
+TRdScrollBarImages& Clipboard() {
+    static auto* clipboard = new TRdScrollBarImages;
+    return *clipboard;
+}
+
 }  // namespace
 
 TRdScrollBarImages::TRdScrollBarImages(QObject* owner)
@@ -48,6 +54,14 @@ void TRdScrollBarImages::Assign(const TRdScrollBarImages& source) {
     CopySlicing(*source.scrollBgOption_, *scrollBgOption_);
     CopySlicing(*source.trackOption_, *trackOption_);
     emit Changed();
+}
+
+void TRdScrollBarImages::SetPropertyCopy(bool value) {
+    if (value) Clipboard().Assign(*this);
+}
+
+void TRdScrollBarImages::SetPropertyPaste(bool value) {
+    if (value) Assign(Clipboard());
 }
 
 }  // namespace qpt

@@ -14,6 +14,8 @@ namespace qpt {
 // under the mouse and fall back to the plain ones when a skin leaves them out.
 class TRdScrollBarImages : public QObject {
     Q_OBJECT
+    Q_PROPERTY(bool PropertyCopy READ PropertyCopy WRITE SetPropertyCopy STORED false)
+    Q_PROPERTY(bool PropertyPaste READ PropertyPaste WRITE SetPropertyPaste STORED false)
     Q_PROPERTY(bool AutoArrow READ AutoArrow WRITE SetAutoArrow)
     Q_PROPERTY(bool AllowArrow READ AllowArrow WRITE SetAllowArrow)
     Q_PROPERTY(bool AutoSize READ AutoSize WRITE SetAutoSize)
@@ -88,6 +90,13 @@ public:
 
     // Takes the switches, pictures and slicings of another set.
     void Assign(const TRdScrollBarImages& source);
+
+    // Switches that act once: true copies this set to a process-wide
+    // clipboard, or takes the clipboard's set here; they always read false.
+    bool PropertyCopy() const { return false; }
+    void SetPropertyCopy(bool value);
+    bool PropertyPaste() const { return false; }
+    void SetPropertyPaste(bool value);
 
 signals:
     // Something that changes the bar's look or layout: the owner repaints.

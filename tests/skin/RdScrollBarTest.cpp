@@ -181,6 +181,17 @@ TEST_F(ScrollBar, SkinLinesReachTheBarAndItsPictures) {
     EXPECT_EQ(bar->AllSkinImage()->Track_Option()->Left(), 3);
     EXPECT_EQ(bar->Kind(), TScrollBarModel::sbHorizontal);
 
+    // A set of pictures travels from bar to bar through the clipboard.
+    TRdScrollBarEx other;
+    EXPECT_EQ(TSkinReader::SetPropertyText(bar, "AllSkinImage.PropertyCopy", "True"),
+              TSkinReader::TResult::Applied);
+    other.AllSkinImage()->SetPropertyPaste(true);
+    EXPECT_TRUE(other.AutoHide());
+    EXPECT_EQ(other.AllSkinImage()->Track_Option()->Left(), 3);
+    EXPECT_EQ(other.AllSkinImage()->TrackCenterHot()->Data(),
+              bar->AllSkinImage()->TrackCenterHot()->Data());
+    EXPECT_FALSE(other.AllSkinImage()->TrackCenterHot()->Empty());
+
     // AutoSize makes the bar as thick as its thumb picture.
     bar->SetAutoSize(true);
     SetSolidPicture(*bar->AllSkinImage()->TrackCenter(), 4, 6, kRed);
