@@ -32,6 +32,13 @@ QPoint FitOnScreen(QRect window, int flipX, int flipY) {
     return window.topLeft();
 }
 
+// A menu without an entry to show stays closed, as a platform menu does.
+bool HasVisibleItem(const TMenuItem* level) {
+    for (int i = 0; i < level->Count(); ++i)
+        if (level->Items(i)->Visible()) return true;
+    return false;
+}
+
 }  // namespace
 
 TRdSkinMenu::TRdSkinMenu(QObject* parent)
@@ -111,6 +118,10 @@ void TRdSkinMenu::Popup(const QPoint& screenPos) {
     if (Showing()) Finish(true);
     dismissed_ = false;
     if (OnShow) OnShow(*this);
+    if (!HasVisibleItem(items_)) {
+        dismissed_ = true;
+        return;
+    }
     TRdMenuForm* form = NewForm(items_, nullptr);
     form->move(FitOnScreen(QRect(screenPos, form->size()), screenPos.x() - 1, screenPos.y() - 1));
     form->show();
@@ -123,7 +134,7 @@ void TRdSkinMenu::Popup(const QPoint& screenPos) {
 
 // The first row of the new level lines up with the row it opens from.
 TRdMenuForm* TRdSkinMenu::OpenLevel(TMenuItem* item, const QRect& row, TRdMenuForm* parent) {
-    if (!item || item->Count() == 0 || !parent) return nullptr;
+    if (!item || !HasVisibleItem(item) || !parent) return nullptr;
     TRdMenuForm* form = NewForm(item, parent);
     const int firstRow = form->Ctrl()->y() + 1 + metrics_.ItemBorderWidth;
     const QRect beside(QPoint(parent->frameGeometry().right() + 1, row.top() - firstRow),

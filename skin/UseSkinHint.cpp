@@ -41,22 +41,20 @@ TRdSkinHint* TUseSkinHint::HintFor(QWidget* control) const {
     return hint_;
 }
 
+// Every event of the application passes here: the cheap test on its type
+// comes before any look at the widget.
 bool TUseSkinHint::eventFilter(QObject* watched, QEvent* event) {
-    if (!watched->isWidgetType() || !form_) return false;
+    const QEvent::Type type = event->type();
+    const bool hides = type == QEvent::Leave || type == QEvent::MouseButtonPress ||
+                       type == QEvent::Wheel || type == QEvent::Hide;
+    if ((type != QEvent::ToolTip && !hides) || !watched->isWidgetType() || !form_) return false;
     auto* control = static_cast<QWidget*>(watched);
     if (control->window() != form_ || Of(form_) != this) return false;
-    switch (event->type()) {
-        case QEvent::ToolTip:
-            return ShowHint(control, static_cast<QHelpEvent*>(event)->globalPos());
-        case QEvent::Leave:
-        case QEvent::MouseButtonPress:
-        case QEvent::Wheel:
-        case QEvent::Hide:
-            HideHintOf(control);
-            return false;
-        default:
-            return false;
+    if (hides) {
+        HideHintOf(control);
+        return false;
     }
+    return ShowHint(control, static_cast<QHelpEvent*>(event)->globalPos());
 }
 
 // A control without a hint text lets the question go on to its parent.

@@ -265,6 +265,11 @@ TEST(SkinMenuModes, ModalPopupReturnsOnlyOnceClosed) {
     menu.Popup(QPoint(5, 5));
     EXPECT_TRUE(showingInside);
     EXPECT_FALSE(menu.Showing());
+
+    menu.Items()->Items(0)->SetVisible(false);  // nothing to show: no window at all
+    menu.Popup(QPoint(5, 5));
+    EXPECT_FALSE(menu.Showing());
+    EXPECT_TRUE(menu.Dismissed());
 }
 
 TEST(SkinMenuModes, ShadowPictureAndFormBorderMakeRoomAroundTheItems) {
