@@ -3,7 +3,10 @@
 #include <QApplication>
 #include <QScrollBar>
 
+#include "skin/RdGraphic.h"
 #include "skin/RdScrollBox.h"
+#include "skin/RdSkinStyle.h"
+#include "skin/Resource.h"
 #include "tests/skin/ScrollBarInput.h"
 
 namespace qpt {
@@ -107,6 +110,43 @@ TEST_F(ScrollBox, PagingOnTheTrackAndTheWheelOverTheContentScroll) {
 
     Wheel(*v, QPoint(8, 50), -100);
     EXPECT_EQ(content->y(), -200) << "the wheel on the bar itself, to the end";
+}
+
+// Dressed as the pinned window dresses its bar, under the packages the build
+// makes: the skin's "scrollbar" class applies and the thumb is its picture.
+TEST(ScrollBoxOnTheRealSkin, TheThumbIsTheSkinsPictureAndLightsUnderTheMouse) {
+    TResource::UnloadCache(true);
+    QWidget form;
+    auto* style = new TRdSkinStyle(&form);
+    style->SetMainSkin(true);
+    style->SetRuntimePath(QString(QPT_PROGRAM_DIR) + "/skin/");
+    style->SetPublicRccFiles({"public.rcc"});
+    style->SetSkinRccFile("classic.rcc");
+    style->Loaded();
+
+    TRdScrollBox box(&form);
+    box.setGeometry(0, 0, 200, 100);
+    auto* content = new QWidget;
+    content->resize(150, 300);
+    box.setWidget(content);
+    TRdScrollBar* v = box.VScroll();
+    v->SetAutoHide(false);
+    v->AllSkinImage()->TrackCenter()->SetText("imgname=images/scrollbar_normal.png");
+    v->AllSkinImage()->TrackCenterHot()->SetText("imgname=images/scrollbar_over.png");
+    v->AllSkin()->SetSkinClass("scrollbar");
+    form.show();
+    EXPECT_TRUE(v->AutoHide()) << "from the skin class";
+    EXPECT_EQ(v->AllSkinImage()->Track_Option()->Bottom(), 3);
+    ASSERT_FALSE(v->AllSkinImage()->TrackCenter()->Empty());
+    EXPECT_EQ(v->AllSkinImage()->TrackCenter()->Graphic()->Width(), 12);
+
+    // The thumb is 17 by 33 at the top; its middle is the picture's ink.
+    EXPECT_EQ(RenderWidget(*v).pixel(8, 16), 0xFF5E6471u);
+    MouseMove(*v, QPoint(8, 16));
+    EXPECT_EQ(RenderWidget(*v).pixel(8, 16), 0xFF7F8797u);
+
+    delete style;
+    TResource::UnloadCache(true);
 }
 
 }  // namespace
