@@ -110,11 +110,14 @@ TEST(RdImageButton, WithoutFullClickOnlyAPressOnTheIconMovesIt) {
 
     pointer.Move(button, kBody);
     EXPECT_EQ(button.IconState(), 0);
+    button.SetIconCursor(-21);
     pointer.Move(button, kOnIcon);
     EXPECT_EQ(button.IconState(), 2);
     EXPECT_EQ(stage.Icon(), kIconHover);
+    EXPECT_EQ(button.cursor().shape(), Qt::PointingHandCursor);
     pointer.Move(button, kBody);
     EXPECT_EQ(button.IconState(), 0);
+    EXPECT_FALSE(button.testAttribute(Qt::WA_SetCursor));
 
     pointer.Press(button, kBody);
     EXPECT_EQ(button.IconState(), 0);
@@ -193,6 +196,13 @@ TEST(RdImageButton, DisabledDrawsItsOwnPicturesOrTheNormalOnes) {
     EXPECT_EQ(stage.Icon(), kIcon);
     button.setEnabled(true);
     EXPECT_EQ(button.ButtonState(), 0);
+
+    // Expanded, the button takes its expand picture and the other icon set.
+    SetPicture(button.ExpandImage(), kSelected);
+    SetPicture(button.UpNormalIcon(), kDown, QSize(10, 10));
+    button.SetExpand(true);
+    EXPECT_EQ(stage.Body(), kSelected);
+    EXPECT_EQ(stage.Icon(), kDown);
 }
 
 TEST(RdImageButton, CaptionColourFollowsTheState) {
