@@ -45,6 +45,7 @@ TRdComboBox::TRdComboBox(QWidget* parent)
     });
     form_->Bg()->SetColor(kWindow);
     form_->Bg()->SetBorderColor(kWindowFrame);
+    form_->ListBox()->SetTextOffX(textOffX_);
     FontChanged();
 }
 
@@ -74,23 +75,33 @@ void TRdComboBox::SetStyle(TComboBoxStyle value) {
     setEditable(value == csDropDown || value == csSimple);
     if (QLineEdit* edit = lineEdit()) {
         edit->setFrame(false);
-        edit->setAttribute(Qt::WA_TranslucentBackground);
         edit->setStyleSheet("background: transparent");
-        edit->setGeometry(TextRect());
     }
+    PlaceEdit();
     update();
 }
 
 void TRdComboBox::SetTextOffX(int value) {
     textOffX_ = value;
     form_->ListBox()->SetTextOffX(value);
-    if (lineEdit()) lineEdit()->setGeometry(TextRect());
+    PlaceEdit();
     update();
+}
+
+// The typing field sits where the face would draw its text, in its colour.
+void TRdComboBox::PlaceEdit() {
+    QLineEdit* edit = lineEdit();
+    if (!edit) return;
+    edit->setGeometry(TextRect());
+    QPalette palette = edit->palette();
+    palette.setColor(QPalette::Text, font_->ToQColor());
+    edit->setPalette(palette);
 }
 
 void TRdComboBox::FontChanged() {
     setFont(font_->ToQFont());
     form_->ListBox()->Font()->Assign(*font_);
+    PlaceEdit();
     update();
 }
 
@@ -156,7 +167,7 @@ void TRdComboBox::PaintPlainFace(QPainter& painter) const {
 
 void TRdComboBox::resizeEvent(QResizeEvent* event) {
     QComboBox::resizeEvent(event);
-    if (lineEdit()) lineEdit()->setGeometry(TextRect());
+    PlaceEdit();
 }
 
 void TRdComboBox::enterEvent(QEnterEvent* event) {

@@ -124,6 +124,7 @@ private:
     QRect TextRect() const;
     void PaintPlainFace(QPainter& painter) const;
     void FontChanged();
+    void PlaceEdit();
     void Choose(int index);
 
     TRdComboboxListForm* form_;

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QImage>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMouseEvent>
 
 #include "skin/PngImage.h"
@@ -219,7 +220,13 @@ TEST(ComboBox, KeepsItsSettingsUnderTheirNames) {
     EXPECT_TRUE(combo.setProperty("ItemHeight", 24));
     EXPECT_EQ(combo.ListForm()->ListBox()->ItemHeight(), 24);
     EXPECT_TRUE(combo.setProperty("Style", "csDropDown"));
-    EXPECT_TRUE(combo.isEditable());
+    ASSERT_TRUE(combo.isEditable());
+    // The typing field takes the text's place, clear of the arrow.
+    combo.resize(120, 30);
+    combo.show();
+    EXPECT_EQ(combo.lineEdit()->geometry(), QRect(4, 0, 100, 30));
+    combo.SetTextOffX(10);
+    EXPECT_EQ(combo.lineEdit()->geometry(), QRect(10, 0, 94, 30));
     EXPECT_TRUE(combo.setProperty("BorderColor", 0x00112233u));
     EXPECT_EQ(combo.ListForm()->Bg()->BorderColor(), 0x00112233u);
     combo.showPopup();  // nothing to show
