@@ -170,15 +170,19 @@ void TRdComboBox::resizeEvent(QResizeEvent* event) {
     PlaceEdit();
 }
 
-void TRdComboBox::enterEvent(QEnterEvent* event) {
-    hot_ = true;
+void TRdComboBox::SetHot(bool value) {
+    if (hot_ == value) return;
+    hot_ = value;
     update();
+}
+
+void TRdComboBox::enterEvent(QEnterEvent* event) {
+    SetHot(true);
     QComboBox::enterEvent(event);
 }
 
 void TRdComboBox::leaveEvent(QEvent* event) {
-    hot_ = false;
-    update();
+    SetHot(false);
     QComboBox::leaveEvent(event);
 }
 

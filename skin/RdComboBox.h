@@ -102,6 +102,9 @@ public:
     TRdComboboxListForm* ListForm() const { return form_; }
     bool DroppedDown() const { return form_->isVisible(); }
     TFaceState FaceState() const;
+    // Lights the face as if the mouse were over it, for showing the states;
+    // the mouse leaving or entering decides again.
+    void SetHot(bool value);
     // The picture for the state, or Background when that state has none.
     TRdPictureProperty* FacePicture() const;
 

@@ -82,6 +82,9 @@ public:
     QRect ThumbRect() const;
     TSliderScale Scale() const;
     bool ThumbHot() const { return thumbHot_; }
+    // Lights the thumb as if the mouse were over it, for showing the states;
+    // the next mouse move decides again.
+    void SetThumbHot(bool value);
     bool ThumbDown() const { return thumbDown_; }
     bool RulerHeld() const { return rulerHeld_; }
 
@@ -120,7 +123,6 @@ private:
     void PaintPoints(QPainter& painter, const QRect& ruler);
     void PaintThumb(QPainter& painter) const;
 
-    void SetThumbHot(bool value);
     void DragTo(const QPoint& point);
     void RepeatStep();
     void RepeatTick();
