@@ -36,7 +36,7 @@ int ArrowRoom(const TMenuMetrics& m) {
 
 int RowHeight(const TMenuMetrics& m, const TMenuRowSpec& row) {
     if (!row.Visible) return 0;
-    if (row.Line) return 2 * m.ItemSeparatorBorder + 1;
+    if (row.Line) return std::max(1, 2 * m.ItemSeparatorBorder + 1);
     int height = std::max(m.ItemHeight, row.TextHeight + 2 * m.ItemPadding);
     if (m.HasBar) height = std::max(height, m.IconSize.height() + 2 * m.ItemPadding);
     return height;

@@ -50,6 +50,11 @@ int TRdSkinHint::TargetAlpha() const {
     return alphaBlend_ ? qBound(0, alphaBlendValue_, 255) : 255;
 }
 
+// A fade with no steps or no time between them would never end.
+bool TRdSkinHint::Animated() const {
+    return alphaBlendAnimation_ && animationTimes_ > 0 && animationInterval_ > 0;
+}
+
 bool TRdSkinHint::Showing() const {
     return window_->isVisible() && !fadingOut_;
 }
@@ -88,7 +93,7 @@ bool TRdSkinHint::ActivateHint(const QPoint& cursorPos, const QString& text, QWi
     QRect rect = PlaceWindow(cursorPos, window_->CalcHintSize());
     if (OnCalcPosHint) OnCalcPosHint(*this, rect);
     window_->setGeometry(rect);
-    const bool fadeIn = alphaBlendAnimation_ && animationTimes_ > 0 && !Showing();
+    const bool fadeIn = Animated() && !Showing();
     fadingOut_ = false;
     SetAlpha(fadeIn ? 0 : TargetAlpha());
     fadeTimer_->SetInterval(animationInterval_);
@@ -105,7 +110,7 @@ bool TRdSkinHint::ActivateHint(const QPoint& cursorPos, const QString& text, QWi
 void TRdSkinHint::HideHint() {
     hideTimer_->SetEnabled(false);
     if (!window_->isVisible()) return;
-    if (alphaBlendAnimation_ && animationTimes_ > 0) {
+    if (Animated()) {
         fadingOut_ = true;
         fadeTimer_->SetInterval(animationInterval_);
         fadeTimer_->SetEnabled(true);

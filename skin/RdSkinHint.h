@@ -99,6 +99,7 @@ public:
     std::function<void(TRdSkinHint& sender, QRect& rect)> OnCalcPosHint;
 
 private:
+    bool Animated() const;
     QRect PlaceWindow(const QPoint& cursorPos, QSize size) const;
     void SetAlpha(int value);
     void FadeStep();

@@ -14,6 +14,7 @@ namespace qpt {
 namespace {
 
 constexpr quint32 kClGray = 0x808080;
+constexpr int kMetricLimit = 10000;
 
 QRect AvailableAt(const QPoint& pos) {
     const QScreen* screen = QGuiApplication::screenAt(pos);
@@ -84,7 +85,9 @@ QList<TRdMenuForm*> TRdSkinMenu::Forms() const {
     return forms;
 }
 
+// Sizes stay within reason, so that sums over the rows cannot overflow.
 void TRdSkinMenu::SetMetric(int& field, int value) {
+    value = qBound(-kMetricLimit, value, kMetricLimit);
     if (field == value) return;
     field = value;
     emit Changed();

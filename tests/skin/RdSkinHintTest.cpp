@@ -138,6 +138,12 @@ TEST(RdSkinHint, FadesInAndOutInEqualSteps) {
     for (int i = 0; i < 10; ++i)
         hint.FadeTimer()->Tick();
     EXPECT_EQ(hint.Alpha(), 100);
+
+    // No time between the steps: shown at once rather than never.
+    hint.HideHint();
+    hint.setProperty("AlphaBlendAnimationInterval", -5);
+    hint.ActivateHint(QPoint(10, 10), "fade");
+    EXPECT_EQ(hint.Alpha(), 100);
 }
 
 TEST(RdSkinHint, HidesAfterTheHidePause) {

@@ -92,6 +92,8 @@ TEST(MenuLayout, RowsSeparatorsAndTheBarEdge) {
 
 TEST(MenuLayout, TallFontsAndIconsGrowTheRow) {
     TMenuMetrics m;
+    m.ItemSeparatorBorder = -4;  // a line always takes a pixel
+    EXPECT_EQ(RowHeight(m, {true}), 1);
     EXPECT_EQ(RowHeight(m, {false, true, false, 0, 30}), 34);
     m.HasBar = true;
     m.IconSize = QSize(32, 32);
