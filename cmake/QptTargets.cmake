@@ -21,6 +21,14 @@ function(qpt_folder_library name)
   endif()
   add_library(${name} STATIC ${sources})
   set_target_properties(${name} PROPERTIES AUTOMOC ON POSITION_INDEPENDENT_CODE ON)
+  # moc runs again only when a header it has already seen changes. When the
+  # glob finds a new header, its last run is forgotten, or the link would
+  # fail on the new class's vtable.
+  string(SHA1 headers "${sources}")
+  if(DEFINED QPT_SOURCES_${name} AND NOT QPT_SOURCES_${name} STREQUAL headers)
+    file(REMOVE ${CMAKE_CURRENT_BINARY_DIR}/${name}_autogen/timestamp)
+  endif()
+  set(QPT_SOURCES_${name} ${headers} CACHE INTERNAL "")
   target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR})
   target_link_libraries(${name} PUBLIC ${A_LINK})
   qpt_warnings(${name})
