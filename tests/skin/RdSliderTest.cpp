@@ -207,6 +207,26 @@ TEST_F(StyleBarSlider, SelectedRulerEndsUnderTheThumbAndBackgroundFillsUnlessTra
     EXPECT_EQ(shot.pixel(80, 12), qRgb(0, 0, 255));
 }
 
+TEST_F(StyleBarSlider, TicksMarkEachIncrementBelowTheRulerUnlessTheFormDrawsThem) {
+    slider.SetIncrement(7);
+    slider.SetOptions(TRdCustomSlider::soShowPoints);
+    const QRgb ink = slider.palette().color(QPalette::WindowText).rgb();
+    QImage shot = Render(slider);
+    for (int x : {10, 40, 70, 100}) {
+        EXPECT_EQ(shot.pixel(x, 20), ink) << x;
+        EXPECT_EQ(shot.pixel(x, 24), ink) << x;
+        EXPECT_EQ(shot.pixel(x, 25), 0u) << x;
+        EXPECT_EQ(shot.pixel(x + 1, 22), 0u) << x;
+    }
+    QRect drawnFor;
+    slider.OnDrawPoints = [&](TRdCustomSlider&, QPainter&, const QRect& ruler) {
+        drawnFor = ruler;
+    };
+    shot = Render(slider);
+    EXPECT_EQ(drawnFor, slider.RulerRect());
+    EXPECT_EQ(shot.pixel(40, 22), 0u);
+}
+
 TEST_F(StyleBarSlider, HeldRulerWaitsHalfASecondThenStepsEveryTickUntilTheThumbArrives) {
     const QPoint point(40, 14);  // value 10's thumb covers x 40
     Press(slider, point);
