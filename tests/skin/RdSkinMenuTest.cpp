@@ -239,6 +239,14 @@ TEST_F(SkinMenu, HoverOpensTheSubMenuAndAPressOutsideClosesAll) {
     Mouse(Ctrl(), QEvent::MouseMove, Centre(4));
     ASSERT_EQ(menu_.Forms().size(), 2);
     TRdMenuForm* sub = menu_.Forms()[1];
+    // The open level holds the mouse; moving over the level below still works it.
+    const QPoint overOpen = sub->mapFromGlobal(Ctrl()->mapToGlobal(Centre(0)));
+    Mouse(sub, QEvent::MouseMove, overOpen);
+    EXPECT_EQ(Ctrl()->HotIndex(), 0);
+    EXPECT_EQ(Ctrl()->SubForm(), nullptr);
+    Mouse(Ctrl(), QEvent::MouseMove, Centre(4));
+    sub = menu_.Forms().value(1);
+    ASSERT_NE(sub, nullptr);
     Mouse(sub, QEvent::MouseButtonPress, QPoint(-300, -300));
     EXPECT_FALSE(menu_.Showing());
     EXPECT_TRUE(menu_.Dismissed());
