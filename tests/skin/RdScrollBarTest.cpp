@@ -85,6 +85,14 @@ TEST_F(ScrollBar, ATinyPageKeepsAThumbYouCanGrabAndAHorizontalBarLiesAcross) {
     EXPECT_NE(shot.pixel(179, 8), kRed);
     EXPECT_EQ(shot.pixel(180, 8), kRed);
     EXPECT_EQ(shot.pixel(199, 16), kRed);
+
+    // AutoCenter keeps the thumb as thick as its picture, in the middle.
+    bar->SetAutoCenter(true);
+    const QImage centred = RenderWidget(*bar);
+    EXPECT_NE(centred.pixel(190, 5), kRed);
+    EXPECT_EQ(centred.pixel(190, 6), kRed);
+    EXPECT_EQ(centred.pixel(190, 9), kRed);
+    EXPECT_NE(centred.pixel(190, 10), kRed);
 }
 
 TEST_F(ScrollBar, ThumbLightsUnderTheMouseAndFollowsADrag) {
@@ -216,6 +224,12 @@ TEST(ScrollBarEx, OwnerDrawsInsteadOrOnTopAndTheWaitIsItsOwn) {
     shot = RenderWidget(bar);
     EXPECT_EQ(shot.pixel(10, 5), kGreen);
     EXPECT_EQ(shot.pixel(0, 0), 0xFF0000FFu);
+
+    int enabledChanges = 0;
+    bar.OnEnabledChange = [&](TRdScrollBarEx&) { ++enabledChanges; };
+    bar.setEnabled(false);
+    bar.setEnabled(true);
+    EXPECT_EQ(enabledChanges, 2);
 
     Press(bar, QPoint(80, 5));
     EXPECT_EQ(bar.Bar().RepeatTimer()->Interval(), 150);
