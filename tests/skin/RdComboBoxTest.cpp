@@ -8,6 +8,7 @@
 
 #include "skin/PngImage.h"
 #include "skin/RdComboBox.h"
+#include "tests/skin/RealSkin.h"
 #include "tests/skin/SkinPackageBuilder.h"
 
 namespace qpt {
@@ -231,6 +232,21 @@ TEST(ComboBox, KeepsItsSettingsUnderTheirNames) {
     EXPECT_EQ(combo.ListForm()->Bg()->BorderColor(), 0x00112233u);
     combo.showPopup();  // nothing to show
     EXPECT_FALSE(combo.DroppedDown());
+}
+
+TEST(ComboBox, TakesTheStyleBarLookFromTheSkin) {
+    testing::RealSkin skin;
+    auto* combo = new TRdComboBox(&skin.form);
+    combo->resize(120, 30);
+    const quint32 plainHotBg = combo->ItemHotBgColor();
+    combo->AllSkin()->SetSkinClass("combobox");
+    combo->VScrollBar()->AllSkin()->SetSkinClass("scrollbar");
+    ASSERT_FALSE(combo->Background()->Empty());
+    EXPECT_EQ(combo->Background()->Graphic()->Width(), 60);
+    EXPECT_FALSE(combo->BackgroundHot()->Empty());
+    EXPECT_NE(combo->ItemHotBgColor(), plainHotBg);
+    EXPECT_TRUE(combo->VScrollBar()->AutoHide());
+    EXPECT_EQ(Render(*combo).pixel(60, 15), qRgb(0x2C, 0x30, 0x38));
 }
 
 }  // namespace

@@ -12,6 +12,7 @@
 #include "skin/RdTimer.h"
 #include "skin/SliderMapping.h"
 #include "support/TickCount.h"
+#include "tests/skin/RealSkin.h"
 
 namespace qpt {
 namespace {
@@ -349,6 +350,24 @@ TEST_F(StyleBarSlider, SetsItselfFromItsPropertyNames) {
     EXPECT_EQ(slider.Value(), 7);
     EXPECT_TRUE(slider.setProperty("MinValue", 9));
     EXPECT_EQ(slider.Value(), 9);
+}
+
+TEST(Slider, TakesTheStyleBarLookFromTheSkin) {
+    testing::RealSkin skin;
+    auto* slider = new TRdSlider(&skin.form);
+    slider->resize(140, 28);
+    slider->SetRulerIndent(3);
+    slider->SetMinValue(2);
+    slider->SetMaxValue(30);
+    slider->SetValue(30);
+    slider->AllSkin()->SetSkinClass("Slider");
+    EXPECT_TRUE(slider->Transparent());
+    EXPECT_EQ(slider->NumThumbStates(), 2);
+    EXPECT_EQ(slider->ThumbRect(), QRect(123, 7, 14, 14));
+    const QImage shot = Render(*slider);
+    EXPECT_GT(qAlpha(shot.pixel(slider->ThumbRect().center())), 0);
+    EXPECT_GT(qAlpha(shot.pixel(60, 14)), 0);  // the ruler
+    EXPECT_EQ(qAlpha(shot.pixel(60, 2)), 0);   // nothing else
 }
 
 }  // namespace
