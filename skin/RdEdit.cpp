@@ -55,6 +55,7 @@ TRdEdit::TRdEdit(QWidget* parent)
       fontNormal_(MakeFont()),
       fontDisabled_(MakeFont()),
       imageOption_(new TDesignRectProperty(this)) {
+    // An error shows in red until a skin says otherwise.
     fontError_->SetColor(0x000000FF);
     for (TRdPictureProperty*& image : images_) {
         image = new TRdPictureProperty(this);

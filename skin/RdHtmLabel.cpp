@@ -37,6 +37,8 @@ QImage SkinPicture(const QString& name) {
 TRdHtmLabel::TRdHtmLabel(QWidget* parent)
     : TRdLabel(parent), linkItems_(new TRdHtmLabelLinks(this)) {
     setMouseTracking(true);
+    // "&" starts an entity here, never an accelerator.
+    SetShowAccelChar(false);
     connect(linkItems_, &TRdHtmLabelLinks::Changed, this, [this] {
         SyncLinks();
         AdjustBounds();
