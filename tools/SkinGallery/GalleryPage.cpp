@@ -1,4 +1,5 @@
 #include "tools/SkinGallery/GalleryPage.h"
+#include "tools/SkinGallery/GalleryScale.h"
 
 #include <QApplication>
 #include <QImage>
@@ -12,7 +13,7 @@ namespace {
 QLabel* MakeLabel(const QString& text, QWidget* parent, int pixelSize, bool bold) {
     auto* label = new QLabel(text, parent);
     QFont font = label->font();
-    font.setPixelSize(pixelSize);
+    font.setPixelSize(Scaled(pixelSize));
     font.setBold(bold);
     label->setFont(font);
     return label;
@@ -36,6 +37,7 @@ void TGallerySection::Add(const QString& caption, QWidget* control) {
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(4);
     // Skinned controls keep the size their form gives them.
+    ScaleFonts(control);
     control->setParent(cell);
     control->setFixedSize(control->size());
     layout->addWidget(control, 0, Qt::AlignLeft | Qt::AlignTop);

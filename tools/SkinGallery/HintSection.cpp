@@ -4,6 +4,7 @@
 #include "skin/RdSkinHintWindow.h"
 #include "tools/SkinGallery/GalleryEvents.h"
 #include "tools/SkinGallery/GalleryPage.h"
+#include "tools/SkinGallery/GalleryScale.h"
 #include "tools/SkinGallery/GallerySections.h"
 
 namespace qpt {
@@ -11,6 +12,7 @@ namespace qpt {
 namespace {
 
 QWidget* HintPicture(TRdSkinHint& hint, const QString& text, QWidget* host) {
+    ScaleFonts(&hint);
     TRdSkinHintWindow& window = *hint.Window();
     window.SetHintText(text);
     window.resize(window.CalcHintSize());

@@ -9,6 +9,7 @@
 #include "tools/SkinGallery/GalleryEvents.h"
 #include "tools/SkinGallery/GalleryGround.h"
 #include "tools/SkinGallery/GalleryPage.h"
+#include "tools/SkinGallery/GalleryScale.h"
 #include "tools/SkinGallery/GallerySections.h"
 
 namespace qpt {
@@ -35,6 +36,7 @@ TRdSkinMenu* MakeMenu(QObject* owner, TRdImageNoteList* icons) {
     auto* menu = new TRdSkinMenu(owner);
     menu->AllSkin()->SetSkinClass("SkinMenu");
     menu->SetImages(icons);
+    ScaleFonts(menu);
     TMenuItem* root = menu->Items();
     AddItem(root, "&Rectangle", 0)->SetDefault(true);
     AddItem(root, "&Text", 1);
@@ -62,7 +64,7 @@ QWidget* Level(TRdSkinMenu* menu, TMenuItem* level, int hot, QWidget* host) {
 TRdImageNote* Note(QWidget* parent, int index) {
     auto* note = new TRdImageNote(parent);
     FillPictures(*note->Items());
-    note->resize(18, 18);
+    note->resize(Scaled(QSize(18, 18)));
     note->SetImageIndex(index);
     return note;
 }

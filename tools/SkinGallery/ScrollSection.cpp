@@ -7,21 +7,19 @@
 #include "skin/RdScrollBox.h"
 #include "tools/SkinGallery/GalleryGround.h"
 #include "tools/SkinGallery/GalleryPage.h"
+#include "tools/SkinGallery/GalleryScale.h"
 #include "tools/SkinGallery/GallerySections.h"
 
 namespace qpt {
 
 namespace {
 
-constexpr int kThickness = 17;
-constexpr int kLength = 160;
-
 // The pictures a form gives its bars; the white ones stand on dark ground.
 template <class Bar>
 Bar* Skinned(Bar* bar, TScrollBarModel::TScrollBarKind kind, bool white = false) {
     bar->SetKind(kind);
-    bar->resize(kind == TScrollBarModel::sbVertical ? QSize(kThickness, kLength)
-                                                    : QSize(kLength, kThickness));
+    const QSize across = Scaled(QSize(17, 160));
+    bar->resize(kind == TScrollBarModel::sbVertical ? across : across.transposed());
     bar->AllSkin()->SetSkinClass("scrollbar");
     const QString stem = white ? "images/scrollbar_white_" : "images/scrollbar_";
     bar->AllSkinImage()->TrackCenter()->SetText("imgname=" + stem + "normal.png");
@@ -62,12 +60,14 @@ QWidget* Content(const QSize& size) {
 
 TRdScrollBox* Box(QWidget* parent, const QSize& content) {
     auto* box = new TRdScrollBox(parent);
-    box->resize(180, 120);
+    box->resize(Scaled(QSize(180, 120)));
     for (TRdScrollBar* bar : {box->HScroll(), box->VScroll()}) {
         bar->AllSkin()->SetSkinClass("scrollbar");
         bar->AllSkinImage()->TrackCenter()->SetText("imgname=images/scrollbar_normal.png");
         bar->AllSkinImage()->TrackCenterHot()->SetText("imgname=images/scrollbar_over.png");
     }
+    box->VScroll()->SetWidth(Scaled(TRdScrollBox::kBarThickness));
+    box->HScroll()->SetHeight(Scaled(TRdScrollBox::kBarThickness));
     box->setWidget(Content(content));
     return box;
 }
@@ -93,11 +93,11 @@ void AddScrollSection(TGalleryPage& page) {
     section.Add("range fits the page: hidden", OnGround(hidden, kLightGround));
     section.NewRow();
 
-    section.Add("box, both bars", Box(section.Host(), QSize(400, 300)));
-    section.Add("box, vertical bar only", Box(section.Host(), QSize(160, 300)));
-    auto* inner = Box(section.Host(), QSize(400, 300));
+    section.Add("box, both bars", Box(section.Host(), Scaled(QSize(400, 300))));
+    section.Add("box, vertical bar only", Box(section.Host(), Scaled(QSize(160, 300))));
+    auto* inner = Box(section.Host(), Scaled(QSize(400, 300)));
     inner->SetScrollbarInnerMode(true);
-    inner->verticalScrollBar()->setValue(60);
+    inner->verticalScrollBar()->setValue(Scaled(60));
     section.Add("box, bars over the content, scrolled", inner);
 }
 

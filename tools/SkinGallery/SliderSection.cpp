@@ -2,6 +2,7 @@
 #include "skin/RdSlider.h"
 #include "tools/SkinGallery/GalleryEvents.h"
 #include "tools/SkinGallery/GalleryPage.h"
+#include "tools/SkinGallery/GalleryScale.h"
 #include "tools/SkinGallery/GallerySections.h"
 
 namespace qpt {
@@ -10,7 +11,7 @@ namespace {
 
 TRdSlider* Slider(QWidget* parent, int value) {
     auto* slider = new TRdSlider(parent);
-    slider->resize(150, 24);
+    slider->resize(Scaled(QSize(150, 24)));
     slider->AllSkin()->SetSkinClass("Slider");
     slider->SetMinValue(0);
     slider->SetMaxValue(100);

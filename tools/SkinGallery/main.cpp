@@ -11,6 +11,7 @@
 
 #include "skin/RdSkinStyle.h"
 #include "tools/SkinGallery/GalleryPage.h"
+#include "tools/SkinGallery/GalleryScale.h"
 #include "tools/SkinGallery/GallerySections.h"
 #include "tools/SkinGallery/GallerySkin.h"
 
@@ -24,8 +25,11 @@ bool WantsPng(int argc, char** argv) {
 
 void AddSections(qpt::TGalleryPage& page) {
     qpt::AddFormSkinSection(page);
+    qpt::AddButtonSection(page);
+    qpt::AddLabelSection(page);
     qpt::AddScrollSection(page);
     qpt::AddSliderSection(page);
+    qpt::AddComboSection(page);
     qpt::AddMenuSection(page);
     qpt::AddHintSection(page);
 }
@@ -34,8 +38,14 @@ void AddSections(qpt::TGalleryPage& page) {
 
 int main(int argc, char** argv) {
     // Writing a PNG needs no display; the user's choice of platform stands.
-    if (WantsPng(argc, argv) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+    const bool platformChosen = !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+    if (WantsPng(argc, argv) && !platformChosen) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    } else if (!platformChosen && qEnvironmentVariableIsEmpty("DISPLAY") &&
+               qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")) {
+        std::fprintf(stderr, "SkinGallery: no display; write a picture with --png FILE\n");
+        return 2;
+    }
     // One picture pixel is one screen pixel, as in the program.
     qputenv("QT_ENABLE_HIGHDPI_SCALING", "0");
     QApplication app(argc, argv);
@@ -58,6 +68,7 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "SkinGallery: %s\n", qPrintable(error));
         return 1;
     }
+    qpt::SetGalleryScale(skins[0] == "classic2" ? 2 : 1);
     qpt::TGalleryPage page("Skinned controls on " + skins[0]);
     AddSections(page);
     if (!parser.isSet("png")) {
