@@ -9,6 +9,32 @@
 
 namespace qpt {
 
+void IEGrowToHold(TIEImageLayer& lower, const TIELayer& upper, TColor fill) {
+    TIEBitmap& picture = *lower.Bitmap();
+    if (picture.Width() < 1 || picture.Height() < 1 || lower.Width <= 0 || lower.Height <= 0)
+        return;
+    const double sx = picture.Width() / lower.Width, sy = picture.Height() / lower.Height;
+    const int left = std::min(0, int(std::floor((upper.PosX - lower.PosX) * sx)));
+    const int top = std::min(0, int(std::floor((upper.PosY - lower.PosY) * sy)));
+    const int right =
+        std::max(picture.Width(), int(std::ceil((upper.PosX + upper.Width - lower.PosX) * sx)));
+    const int bottom =
+        std::max(picture.Height(), int(std::ceil((upper.PosY + upper.Height - lower.PosY) * sy)));
+    if (left == 0 && top == 0 && right == picture.Width() && bottom == picture.Height()) return;
+    TIEBitmap grown;
+    grown.SetLocation(picture.Location());
+    // Without room for the larger picture the merge cuts to the old one.
+    if (!grown.Allocate(right - left, bottom - top, picture.PixelFormat())) return;
+    grown.Fill(fill);
+    if (picture.HasAlphaChannel()) grown.AlphaChannel()->Fill(255);
+    TIEBitmap::CopyRect(picture, 0, 0, picture.Width(), picture.Height(), grown, -left, -top);
+    picture = std::move(grown);
+    lower.PosX += left / sx;
+    lower.PosY += top / sy;
+    lower.Width = picture.Width() / sx;
+    lower.Height = picture.Height() / sy;
+}
+
 int IELayerOpacity(double opacity, int transparency) {
     const double k = std::clamp(opacity, 0.0, 1.0) * std::clamp(transparency, 0, 255);
     return int(std::lround(k));

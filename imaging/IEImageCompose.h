@@ -5,10 +5,12 @@
 #include <vector>
 
 #include "imaging/IEBitmap.h"
+#include "imaging/IELayerTypes.h"
 
 namespace qpt {
 
 class TIEImageLayer;
+class TIELayer;
 
 // Source positions of a run of destination pixels along one axis, in 16.16
 // fixed point; the integer part is the pixel a nearest filter takes.
@@ -33,6 +35,11 @@ void IEPremulToImage(const TIEBitmap& premul, TIEBitmap& dest);
 // Composes upper into the picture of lower, both placed by their PosX, PosY,
 // Width and Height; lower keeps its place and size. Cut to lower's picture.
 void IEMergeImageLayer(TIEImageLayer& upper, TIEImageLayer& lower);
+
+// Enlarges the picture of lower, in its own pixel scale, so that upper fits
+// inside it; the new margins take fill, fully opaque. Lower's place and size
+// follow, so what was already there stays where it was.
+void IEGrowToHold(TIEImageLayer& lower, const TIELayer& upper, TColor fill);
 
 // Opacity and Transparency as one 0..255 factor.
 int IELayerOpacity(double opacity, int transparency);

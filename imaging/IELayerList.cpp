@@ -206,6 +206,7 @@ void TIELayerList::LayersMerge(int index1, int index2, bool removeUpperLayer) {
     }
     auto& lower = static_cast<TIEImageLayer&>(*layers_[size_t(low)]);
     auto& upper = static_cast<TIEImageLayer&>(*layers_[size_t(high)]);
+    if (AutoFixBorders && low == 0) IEGrowToHold(lower, upper, BackgroundColor);
     IEMergeImageLayer(upper, lower);
     lower.Changed(true);
     if (removeUpperLayer) {

@@ -72,6 +72,8 @@ public:
     // Client size of the view in bitmap pixels; 50 until the view has a window.
     QSizeF ClientSize{50, 50};
     TColor BackgroundColor = clWhite;
+    // A merge into the picture grows it to hold what reaches past its edges.
+    bool AutoFixBorders = false;
     bool AllowMultiSelect = true;
 
     // Set by every layer's Changed; the view clears it when it updates.

@@ -43,6 +43,7 @@ TIEImageView::TIEImageView(QWidget* parent)
     compositor_.Background = clBtnFace;
     compositor_.ZoomFilter = zoomFilter_;
     layers_.BackgroundColor = clBtnFace;
+    layers_.AutoFixBorders = layerOptions_ & loAutoFixBorders;
     layers_.OnSaveObjectsUndo = [this] { Proc()->SaveUndo(ieuObjectsAndLayers); };
     layers_.OnLayerNotifyEx = [this](int index, TIELayerEvent event) {
         if (OnLayerNotifyEx) OnLayerNotifyEx(index, event);
@@ -230,6 +231,7 @@ void TIEImageView::SetLayerOptions(TIELayerOptions options) {
     const TIELayerOptions changed = layerOptions_ ^ options;
     layerOptions_ = options;
     layers_.AllowMultiSelect = options & loAllowMultiSelect;
+    layers_.AutoFixBorders = options & loAutoFixBorders;
     if ((changed & loAllowMultiSelect) && !(options & loAllowMultiSelect)) {
         for (int i = 0; i < layers_.LayersCount(); ++i)
             if (i != LayersCurrent()) layers_.GetLayer(i)->Selected = false;

@@ -216,6 +216,44 @@ TEST(LayerModel, MergeHonoursOpacityAndTransparency) {
     EXPECT_EQ(ColorR(c), ColorB(c));
 }
 
+// A mark reaching past the picture's corner: with the border fix the picture
+// grows to hold it and keeps its old pixels in place; without, it is cut.
+TEST(LayerModel, MergeGrowsThePictureToHoldWhatReachesPastIt) {
+    for (bool fix : {true, false}) {
+        TIELayerList list;
+        list.AutoFixBorders = fix;
+        list.BackgroundColor = 0x808080;
+        TIEBitmap& picture = *list.Background().Bitmap();
+        ASSERT_TRUE(picture.Allocate(30, 20, ie24RGB));
+        picture.Fill(clWhite);
+        list.Background().FitToBitmap();
+        auto& s = static_cast<TIEShapeLayer&>(
+            *list.LayersAdd(ielkShape, QPointF(-5, 12), QSizeF(10, 12)));
+        s.Shape = iesRectangle;
+        s.SetBorderColor(clNone);
+        s.SetFillColor(clRed);
+        list.Flatten();
+        const TIELayer& merged = *list.GetLayer(0);
+        if (!fix) {
+            EXPECT_EQ(picture.Width(), 30);
+            EXPECT_EQ(picture.Height(), 20);
+            continue;
+        }
+        ASSERT_EQ(picture.Width(), 35);
+        ASSERT_EQ(picture.Height(), 24);
+        EXPECT_EQ(merged.PosX, -5);
+        EXPECT_EQ(merged.PosY, 0);
+        EXPECT_EQ(merged.Width, 35);
+        EXPECT_EQ(PixelAt(picture, 0, 23), clRed) << "the part that was outside";
+        EXPECT_EQ(PixelAt(picture, 4, 12), clRed);
+        EXPECT_EQ(PixelAt(picture, 5, 11), clWhite) << "old pixels stay in place";
+        EXPECT_EQ(PixelAt(picture, 34, 19), clWhite);
+        EXPECT_EQ(PixelAt(picture, 0, 0), 0x808080u) << "the new margin";
+        EXPECT_EQ(PixelAt(picture, 34, 23), 0x808080u);
+        EXPECT_EQ(PixelAt(picture, 15, 23), 0x808080u);
+    }
+}
+
 std::unique_ptr<TIELayerList> SampleList() {
     auto list = std::make_unique<TIELayerList>();
     TIEBitmap& picture = *list->Background().Bitmap();
