@@ -6,6 +6,7 @@
 #include <dlfcn.h>
 #include <xcb/xcb.h>
 
+#include <QElapsedTimer>
 #include <cstdlib>
 
 #include <QtGui/qguiapplication_platform.h>
@@ -71,6 +72,16 @@ xcb_atom_t CompositorAtom(xcb_connection_t* connection, const XcbCalls& xcb) {
     return atom;
 }
 
+bool CompositorRuns(xcb_connection_t* connection, const XcbCalls& xcb) {
+    static const xcb_atom_t atom = CompositorAtom(connection, xcb);
+    if (atom == XCB_ATOM_NONE) return false;
+    xcb_get_selection_owner_reply_t* reply =
+        xcb.selectionOwnerReply(connection, xcb.selectionOwner(connection, atom), nullptr);
+    const bool owned = reply && reply->owner != xcb_window_t(XCB_WINDOW_NONE);
+    std::free(reply);
+    return owned;
+}
+
 }  // namespace
 
 bool X11StackBelow(WId window, WId sibling) {
@@ -92,13 +103,15 @@ bool TranslucentWindowsShow() {
     const XcbCalls* xcb = nullptr;
     xcb_connection_t* connection = Connection(xcb);
     if (!connection) return true;
-    static const xcb_atom_t atom = CompositorAtom(connection, *xcb);
-    if (atom == XCB_ATOM_NONE) return false;
-    xcb_get_selection_owner_reply_t* reply =
-        xcb->selectionOwnerReply(connection, xcb->selectionOwner(connection, atom), nullptr);
-    const bool owned = reply && reply->owner != xcb_window_t(XCB_WINDOW_NONE);
-    std::free(reply);
-    return owned;
+    // Asked on every move of a window: one round trip to the server a second
+    // is enough to notice a compositor coming or going.
+    static QElapsedTimer asked;
+    static bool runs = false;
+    if (!asked.isValid() || asked.hasExpired(1000)) {
+        runs = CompositorRuns(connection, *xcb);
+        asked.start();
+    }
+    return runs;
 }
 
 #else
