@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <algorithm>
+#include <utility>
 
 namespace qpt {
 
@@ -82,9 +83,9 @@ size_t TRdGraphic::ReferrerCount() const {
     return referrers_.size();
 }
 
-void SetGraphicResolver(TGraphicResolver resolver) {
+TGraphicResolver SetGraphicResolver(TGraphicResolver resolver) {
     std::lock_guard guard(ResolverLock());
-    Resolver() = std::move(resolver);
+    return std::exchange(Resolver(), std::move(resolver));
 }
 
 TRdGraphic* ResolveGraphic(const QString& name) {

@@ -86,8 +86,9 @@ private:
 // Turns a picture name ("images/x.png", ":/public/x.png", "[section]") into
 // the process-wide graphic for it. The skin cache installs itself here; the
 // result is not owned by the caller. Without a resolver every name is none.
+// Returns the resolver it replaces, so a temporary one can be undone.
 using TGraphicResolver = std::function<TRdGraphic*(const QString& name)>;
-void SetGraphicResolver(TGraphicResolver resolver);
+TGraphicResolver SetGraphicResolver(TGraphicResolver resolver);
 TRdGraphic* ResolveGraphic(const QString& name);
 
 }  // namespace qpt

@@ -23,13 +23,15 @@ QImage Filled(int w, int h, QRgb seed) {
 class RdgImageTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        SetGraphicResolver([this](const QString& name) -> TRdGraphic* {
+        saved_ = SetGraphicResolver([this](const QString& name) -> TRdGraphic* {
             ++asked[name];
             auto it = graphics.find(name);
             return it == graphics.end() ? nullptr : it->second.get();
         });
     }
-    void TearDown() override { SetGraphicResolver(nullptr); }
+    // Later tests of the same program resolve through the skin cache again.
+    void TearDown() override { SetGraphicResolver(std::move(saved_)); }
+    TGraphicResolver saved_;
 
     TPngImage& AddPng(const QString& name, const QImage& pixels) {
         auto png = std::make_unique<TPngImage>();
