@@ -10,12 +10,14 @@
 
 #include "app/CommandLine.h"
 #include "app/HandOver.h"
+#include "app/PinnedSkin.h"
 #include "app/SessionState.h"
 #include "imaging/IEImageLayer.h"
 #include "imaging/IEImageProc.h"
 #include "imaging/IERetouchToolInteraction.h"
 #include "imaging/IEShapeLayer.h"
 #include "imaging/view/IEImageView.h"
+#include "skin/RdSkinStyle.h"
 #include "support/Language.h"
 #include "support/Paths.h"
 #include "support/ProcessExit.h"
@@ -54,6 +56,8 @@ TFormPinned::TFormPinned(const QStringList& arguments, QWidget* parent)
     font.setPixelSize(11);
     setFont(font);
     resize(545, 382);
+    SkinStyle1 = CreatePinnedSkinStyle(*this);
+    RdFormSkinMain = CreatePinnedFormSkin(*this);
 
     RdSB_ImageFont = new TRdScrollBox(this);
     DressBar(*RdSB_ImageFont->HScroll(), QStringLiteral("images/scrollbar_normal.png"),
@@ -117,6 +121,7 @@ void TFormPinned::DecideScale() {
     if (FirstArgumentIs(arguments_, "/Scale")) scaled = true;
     SetScaleEnabled(scaled);
     SkinRccFile = ChooseSkinRccFile(scaled, ProgramFolder());
+    SkinStyle1->SetSkinRccFile(SkinRccFile);
 }
 
 void TFormPinned::ReadOutputDefaults() {

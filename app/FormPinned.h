@@ -11,6 +11,8 @@
 namespace qpt {
 
 class TIEImageView;
+class TRdFormSkin;
+class TRdSkinStyle;
 
 // The main form: the captured picture, borderless and above other windows,
 // at the very place it was captured, one picture pixel per screen pixel.
@@ -33,6 +35,8 @@ public:
     // The application gained (true) or lost the activation.
     void WMACTIVATEAPP(bool active);
 
+    TRdSkinStyle* SkinStyle1 = nullptr;
+    TRdFormSkin* RdFormSkinMain = nullptr;
     TRdScrollBox* RdSB_ImageFont = nullptr;
     TIEImageView* Image_Front = nullptr;
 

@@ -17,7 +17,10 @@ public:
         static int argc = 1;
         static char name[] = "skin_tests";
         static char* argv[] = {name, nullptr};
-        static QApplication app(argc, argv);
+        // Never destroyed: at exit Qt's input devices would go after the
+        // tables they unregister from, and the process would crash there.
+        static QApplication* app = new QApplication(argc, argv);
+        (void)app;
     }
 };
 
