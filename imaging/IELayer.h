@@ -11,8 +11,8 @@
 #include <vector>
 
 #include "imaging/IEBitmap.h"
-#include "imaging/IEOpaqueRuns.h"
 #include "imaging/IELayerTypes.h"
+#include "imaging/IEOpaqueRuns.h"
 
 namespace qpt {
 
