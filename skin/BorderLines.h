@@ -1,14 +1,13 @@
 #pragma once
 
-#include <QObject>
-
+#include "skin/ChangeNotifier.h"
 #include "skin/StandardColors.h"
 
 namespace qpt {
 
 // Lines a form skin draws along the chosen edges of its form, over the form's
 // own background; a sub-object so that skin lines reach its fields by name.
-class TBorderLines : public QObject {
+class TBorderLines : public TChangeNotifier {
     Q_OBJECT
     Q_PROPERTY(bool Enabled READ Enabled WRITE SetEnabled)
     Q_PROPERTY(quint32 Color READ Color WRITE SetColor)
@@ -22,7 +21,7 @@ public:
     // System colour 6: the frame of a window.
     static constexpr quint32 kWindowFrame = clSystemColor | 6;
 
-    explicit TBorderLines(QObject* parent = nullptr) : QObject(parent) {}
+    explicit TBorderLines(QObject* parent = nullptr) : TChangeNotifier(parent) {}
 
     bool Enabled() const { return enabled_; }
     quint32 Color() const { return color_; }
@@ -40,17 +39,7 @@ public:
     void SetTop(bool value) { Change(top_, value); }
     void SetBottom(bool value) { Change(bottom_, value); }
 
-signals:
-    void Changed();
-
 private:
-    template <typename T>
-    void Change(T& field, T value) {
-        if (field == value) return;
-        field = value;
-        emit Changed();
-    }
-
     bool enabled_ = false;
     quint32 color_ = kWindowFrame;
     int width_ = 1;

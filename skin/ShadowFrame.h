@@ -1,14 +1,15 @@
 #pragma once
 
 #include <QMargins>
-#include <QObject>
+
+#include "skin/ChangeNotifier.h"
 
 namespace qpt {
 
 // Margins of a form's shadow window around the form, as a sub-object so that
 // skin lines such as "ShadowFrame.Left=15" reach them. Width and Height are
 // kept for forms that store them; the shadow uses the four margins.
-class TShadowFrame : public QObject {
+class TShadowFrame : public TChangeNotifier {
     Q_OBJECT
     Q_PROPERTY(bool Enabled READ Enabled WRITE SetEnabled)
     Q_PROPERTY(int Left READ Left WRITE SetLeft)
@@ -19,7 +20,7 @@ class TShadowFrame : public QObject {
     Q_PROPERTY(int Height READ Height WRITE SetHeight)
 
 public:
-    explicit TShadowFrame(QObject* parent = nullptr) : QObject(parent) {}
+    explicit TShadowFrame(QObject* parent = nullptr) : TChangeNotifier(parent) {}
 
     bool Enabled() const { return enabled_; }
     int Left() const { return left_; }
@@ -45,17 +46,7 @@ public:
         SetBottom(margin);
     }
 
-signals:
-    void Changed();
-
 private:
-    template <typename T>
-    void Change(T& field, T value) {
-        if (field == value) return;
-        field = value;
-        emit Changed();
-    }
-
     bool enabled_ = false;
     int left_ = 0;
     int right_ = 0;
