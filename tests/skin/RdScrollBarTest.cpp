@@ -7,7 +7,8 @@
 #include "skin/RdScrollBarEx.h"
 #include "skin/RdTimer.h"
 #include "skin/SkinReader.h"
-#include "tests/skin/ScrollBarInput.h"
+#include "tests/skin/SendInput.h"
+#include "tests/skin/SolidPicture.h"
 
 namespace qpt {
 namespace {

@@ -5,9 +5,9 @@
 
 #include "skin/RdGraphic.h"
 #include "skin/RdScrollBox.h"
-#include "skin/RdSkinStyle.h"
-#include "skin/Resource.h"
-#include "tests/skin/ScrollBarInput.h"
+#include "tests/skin/RealSkin.h"
+#include "tests/skin/SendInput.h"
+#include "tests/skin/SolidPicture.h"
 
 namespace qpt {
 namespace {
@@ -115,16 +115,9 @@ TEST_F(ScrollBox, PagingOnTheTrackAndTheWheelOverTheContentScroll) {
 // Dressed as the pinned window dresses its bar, under the packages the build
 // makes: the skin's "scrollbar" class applies and the thumb is its picture.
 TEST(ScrollBoxOnTheRealSkin, TheThumbIsTheSkinsPictureAndLightsUnderTheMouse) {
-    TResource::UnloadCache(true);
-    QWidget form;
-    auto* style = new TRdSkinStyle(&form);
-    style->SetMainSkin(true);
-    style->SetRuntimePath(QString(QPT_PROGRAM_DIR) + "/skin/");
-    style->SetPublicRccFiles({"public.rcc"});
-    style->SetSkinRccFile("classic.rcc");
-    style->Loaded();
+    RealSkin skin;
 
-    TRdScrollBox box(&form);
+    TRdScrollBox box(&skin.form);
     box.setGeometry(0, 0, 200, 100);
     auto* content = new QWidget;
     content->resize(150, 300);
@@ -134,7 +127,7 @@ TEST(ScrollBoxOnTheRealSkin, TheThumbIsTheSkinsPictureAndLightsUnderTheMouse) {
     v->AllSkinImage()->TrackCenter()->SetText("imgname=images/scrollbar_normal.png");
     v->AllSkinImage()->TrackCenterHot()->SetText("imgname=images/scrollbar_over.png");
     v->AllSkin()->SetSkinClass("scrollbar");
-    form.show();
+    skin.form.show();
     EXPECT_TRUE(v->AutoHide()) << "from the skin class";
     EXPECT_EQ(v->AllSkinImage()->Track_Option()->Bottom(), 3);
     ASSERT_FALSE(v->AllSkinImage()->TrackCenter()->Empty());
@@ -144,9 +137,6 @@ TEST(ScrollBoxOnTheRealSkin, TheThumbIsTheSkinsPictureAndLightsUnderTheMouse) {
     EXPECT_EQ(RenderWidget(*v).pixel(8, 16), 0xFF5E6471u);
     MouseMove(*v, QPoint(8, 16));
     EXPECT_EQ(RenderWidget(*v).pixel(8, 16), 0xFF7F8797u);
-
-    delete style;
-    TResource::UnloadCache(true);
 }
 
 }  // namespace

@@ -11,36 +11,15 @@
 #include "skin/RdMenuCtrl.h"
 #include "skin/RdMenuForm.h"
 #include "skin/RdSkinMenu.h"
-#include "skin/RdSkinStyle.h"
-#include "skin/Resource.h"
 #include "skin/StandardColors.h"
+#include "tests/skin/RealSkin.h"
+#include "tests/skin/SendInput.h"
 
 namespace qpt {
 namespace {
 
 using namespace menulayout;
-
-// Keys and the mouse through Qt's event delivery, as the window system
-// would hand them to the control.
-void Key(QWidget* widget, int key, const QString& text = {}) {
-    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
-    QApplication::sendEvent(widget, &press);
-    QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier, text);
-    QApplication::sendEvent(widget, &release);
-}
-
-void Mouse(QWidget* widget, QEvent::Type type, const QPoint& pos) {
-    const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
-    const Qt::MouseButtons buttons =
-        type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton;
-    QMouseEvent event(type, pos, widget->mapToGlobal(pos), button, buttons, Qt::NoModifier);
-    QApplication::sendEvent(widget, &event);
-}
-
-void Click(QWidget* widget, const QPoint& pos) {
-    Mouse(widget, QEvent::MouseButtonPress, pos);
-    Mouse(widget, QEvent::MouseButtonRelease, pos);
-}
+using namespace qpt::testing;
 
 TEST(MenuLayout, BarWidthTextRectangleAndArrowRoom) {
     TMenuMetrics m;  // padding 2, icon space 3, left 4, right 8
@@ -160,14 +139,14 @@ TEST_F(SkinMenu, ArrowKeysSkipSeparatorsAndDisabledItemsAndWrap) {
     ASSERT_TRUE(menu_.Showing());
     TRdMenuCtrl* ctrl = Ctrl();
     EXPECT_EQ(ctrl->HotIndex(), -1);
-    Key(ctrl, Qt::Key_Down);
+    KeyClick(*ctrl, Qt::Key_Down);
     EXPECT_EQ(ctrl->HotIndex(), 0);
-    Key(ctrl, Qt::Key_Down);
+    KeyClick(*ctrl, Qt::Key_Down);
     EXPECT_EQ(ctrl->HotIndex(), 3);
-    Key(ctrl, Qt::Key_Down);
-    Key(ctrl, Qt::Key_Down);
+    KeyClick(*ctrl, Qt::Key_Down);
+    KeyClick(*ctrl, Qt::Key_Down);
     EXPECT_EQ(ctrl->HotIndex(), 0);
-    Key(ctrl, Qt::Key_Up);
+    KeyClick(*ctrl, Qt::Key_Up);
     EXPECT_EQ(ctrl->HotIndex(), 4);
     ctrl->SetHotIndex(2);  // disabled: refused
     EXPECT_EQ(ctrl->HotIndex(), -1);
@@ -176,16 +155,16 @@ TEST_F(SkinMenu, ArrowKeysSkipSeparatorsAndDisabledItemsAndWrap) {
 TEST_F(SkinMenu, ReturnClicksAfterTheMenuHasClosed) {
     bool showingAtClick = true;
     save_->OnClick = [&](TMenuItem&) { showingAtClick = menu_.Showing(); };
-    Key(Ctrl(), Qt::Key_Up);
-    Key(Ctrl(), Qt::Key_Up);
-    Key(Ctrl(), Qt::Key_Return);
+    KeyClick(*Ctrl(), Qt::Key_Up);
+    KeyClick(*Ctrl(), Qt::Key_Up);
+    KeyClick(*Ctrl(), Qt::Key_Return);
     EXPECT_FALSE(showingAtClick);
     EXPECT_FALSE(menu_.Dismissed());
     EXPECT_EQ(hides_, 1);
 }
 
 TEST_F(SkinMenu, EscapeAndCloseMenuDismiss) {
-    Key(Ctrl(), Qt::Key_Escape);
+    KeyClick(*Ctrl(), Qt::Key_Escape);
     EXPECT_FALSE(menu_.Showing());
     EXPECT_TRUE(menu_.Dismissed());
     EXPECT_EQ(hides_, 1);
@@ -198,56 +177,56 @@ TEST_F(SkinMenu, EscapeAndCloseMenuDismiss) {
 }
 
 TEST_F(SkinMenu, AcceleratorLetterChoosesItsItem) {
-    Key(Ctrl(), Qt::Key_S, "s");
+    KeyClick(*Ctrl(), Qt::Key_S, Qt::NoModifier, "s");
     EXPECT_EQ(clicked_, QStringList{"&Save"});
     EXPECT_FALSE(menu_.Showing());
 }
 
 TEST_F(SkinMenu, SubMenuOpensRightAndClosesLeft) {
-    Key(Ctrl(), Qt::Key_M, "m");  // opens, does not click
+    KeyClick(*Ctrl(), Qt::Key_M, Qt::NoModifier, "m");  // opens, does not click
     ASSERT_EQ(menu_.Forms().size(), 2);
     EXPECT_TRUE(clicked_.isEmpty());
     EXPECT_EQ(Ctrl(1)->HotIndex(), 0);
     EXPECT_GE(menu_.Forms()[1]->x(), menu_.Forms()[0]->frameGeometry().right());
-    Key(Ctrl(1), Qt::Key_Left);
+    KeyClick(*Ctrl(1), Qt::Key_Left);
     EXPECT_EQ(menu_.Forms().size(), 1);
     EXPECT_TRUE(menu_.Showing());
     EXPECT_EQ(Ctrl()->SubForm(), nullptr);
-    Mouse(Ctrl(), QEvent::MouseMove, Centre(4));  // the same entry opens it again
+    MouseMove(*Ctrl(), Centre(4));  // the same entry opens it again
     EXPECT_EQ(menu_.Forms().size(), 2);
-    Key(Ctrl(1), Qt::Key_Escape);
+    KeyClick(*Ctrl(1), Qt::Key_Escape);
     EXPECT_EQ(menu_.Forms().size(), 1);
 
     Ctrl()->SetHotIndex(4);
-    Key(Ctrl(), Qt::Key_Right);
-    Key(Ctrl(1), Qt::Key_Return);
+    KeyClick(*Ctrl(), Qt::Key_Right);
+    KeyClick(*Ctrl(1), Qt::Key_Return);
     EXPECT_EQ(clicked_, QStringList{"Alpha"});
     EXPECT_FALSE(menu_.Showing());
 }
 
 TEST_F(SkinMenu, HoverMakesHotAndClickFires) {
-    Mouse(Ctrl(), QEvent::MouseMove, Centre(3));
+    MouseMove(*Ctrl(), Centre(3));
     EXPECT_EQ(Ctrl()->HotIndex(), 3);
-    Mouse(Ctrl(), QEvent::MouseMove, Centre(1));  // a separator keeps the hot item
+    MouseMove(*Ctrl(), Centre(1));  // a separator keeps the hot item
     EXPECT_EQ(Ctrl()->HotIndex(), 3);
-    Click(Ctrl(), Centre(3));
+    MouseClick(*Ctrl(), Centre(3));
     EXPECT_EQ(clicked_, QStringList{"&Save"});
     EXPECT_FALSE(menu_.Dismissed());
 }
 
 TEST_F(SkinMenu, HoverOpensTheSubMenuAndAPressOutsideClosesAll) {
-    Mouse(Ctrl(), QEvent::MouseMove, Centre(4));
+    MouseMove(*Ctrl(), Centre(4));
     ASSERT_EQ(menu_.Forms().size(), 2);
     TRdMenuForm* sub = menu_.Forms()[1];
     // The open level holds the mouse; moving over the level below still works it.
     const QPoint overOpen = sub->mapFromGlobal(Ctrl()->mapToGlobal(Centre(0)));
-    Mouse(sub, QEvent::MouseMove, overOpen);
+    MouseMove(*sub, overOpen);
     EXPECT_EQ(Ctrl()->HotIndex(), 0);
     EXPECT_EQ(Ctrl()->SubForm(), nullptr);
-    Mouse(Ctrl(), QEvent::MouseMove, Centre(4));
+    MouseMove(*Ctrl(), Centre(4));
     sub = menu_.Forms().value(1);
     ASSERT_NE(sub, nullptr);
-    Mouse(sub, QEvent::MouseButtonPress, QPoint(-300, -300));
+    Press(*sub, QPoint(-300, -300));
     EXPECT_FALSE(menu_.Showing());
     EXPECT_TRUE(menu_.Dismissed());
     EXPECT_EQ(hides_, 1);
@@ -409,16 +388,9 @@ TEST_F(SkinMenuPixels, BuiltInCheckAndArrowStandIn) {
 
 // The share menu takes its colours from the skin class every skin shares.
 TEST(SkinMenuSkin, ShareMenuColoursComeFromTheSkin) {
-    TResource::UnloadCache(true);
-    QWidget form;
-    auto* style = new TRdSkinStyle(&form);
-    style->SetMainSkin(true);
-    style->SetRuntimePath(QString(QPT_PROGRAM_DIR) + "/skin/");
-    style->SetPublicRccFiles({"public.rcc"});
-    style->SetSkinRccFile("classic.rcc");
-    style->Loaded();
+    RealSkin skin;
     {
-        TRdSkinMenu menu(&form);
+        TRdSkinMenu menu(&skin.form);
         menu.Items()->Add("Facebook");
         menu.AllSkin()->SetSkinClass("SkinMenu");
         menu.Popup(QPoint(0, 0));
@@ -432,8 +404,6 @@ TEST(SkinMenuSkin, ShareMenuColoursComeFromTheSkin) {
         ctrl->SetHotIndex(-1);
         EXPECT_EQ(Render(ctrl).pixelColor(ctrl->ItemRect(0).topLeft()), QColor("#2A2D35"));
     }
-    delete style;
-    TResource::UnloadCache(true);
 }
 
 }  // namespace

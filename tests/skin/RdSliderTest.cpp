@@ -13,9 +13,12 @@
 #include "skin/SliderMapping.h"
 #include "support/TickCount.h"
 #include "tests/skin/RealSkin.h"
+#include "tests/skin/SendInput.h"
 
 namespace qpt {
 namespace {
+
+using namespace qpt::testing;
 
 // The style bar's slider: ruler 134 wide inside 3 pixels of indent, a thumb
 // of 14 pixels per state, so a travel of 120 pixels starting at x = 3.
@@ -40,23 +43,6 @@ void SetPicture(TRdPictureProperty* property, int width, int height, QRgb left, 
     property->Picture().SetGraphic(std::move(png));
 }
 
-void Mouse(QWidget& widget, QEvent::Type type, QPoint point, Qt::MouseButtons buttons) {
-    const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
-    QMouseEvent event(type, point, widget.mapToGlobal(point), button, buttons, Qt::NoModifier);
-    QApplication::sendEvent(&widget, &event);
-}
-void Press(QWidget& w, QPoint p) {
-    Mouse(w, QEvent::MouseButtonPress, p, Qt::LeftButton);
-}
-void Drag(QWidget& w, QPoint p) {
-    Mouse(w, QEvent::MouseMove, p, Qt::LeftButton);
-}
-void Hover(QWidget& w, QPoint p) {
-    Mouse(w, QEvent::MouseMove, p, Qt::NoButton);
-}
-void Release(QWidget& w, QPoint p) {
-    Mouse(w, QEvent::MouseButtonRelease, p, Qt::NoButton);
-}
 void Key(QWidget& w, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
     QKeyEvent event(QEvent::KeyPress, key, modifiers);
     QApplication::sendEvent(&w, &event);
@@ -180,10 +166,10 @@ TEST_F(StyleBarSlider, PaintsRulerAndTheThumbHalfOfItsState) {
     EXPECT_EQ(shot.pixel(123, 7), qRgb(255, 0, 0));
     EXPECT_EQ(shot.pixel(136, 20), qRgb(255, 0, 0));
 
-    Hover(slider, {130, 14});
+    MouseMove(slider, {130, 14});
     EXPECT_TRUE(slider.ThumbHot());
     EXPECT_EQ(Render(slider).pixel(130, 14), qRgb(0, 255, 0));
-    Hover(slider, {50, 14});
+    MouseMove(slider, {50, 14});
     EXPECT_EQ(Render(slider).pixel(130, 14), qRgb(255, 0, 0));
 
     // One state: the whole picture is the thumb.
@@ -268,12 +254,12 @@ TEST_F(StyleBarSlider, MovingRightWhileHeldTurnsTheRepeatAround) {
     Press(slider, {10, 14});
     EXPECT_EQ(slider.Value(), 15);
     // Right of the thumb now, moved right: the repeat climbs.
-    Drag(slider, {100, 14});
+    MoveHeld(slider, {100, 14});
     g_now += 500;
     slider.RepeatTimer()->Tick();
     EXPECT_EQ(slider.Value(), 16);
     // Moved left but still right of the thumb: the two directions disagree.
-    Drag(slider, {90, 14});
+    MoveHeld(slider, {90, 14});
     slider.RepeatTimer()->Tick();
     EXPECT_EQ(slider.Value(), 16);
     Release(slider, {90, 14});
@@ -296,13 +282,13 @@ TEST_F(StyleBarSlider, PressBesideTheRulerOrWhenReadOnlyDoesNothing) {
 TEST_F(StyleBarSlider, ThumbDragFollowsTheMouseSnappedThenReportsTheEnd) {
     Press(slider, {130, 14});  // 7 pixels into the thumb
     EXPECT_TRUE(slider.ThumbDown());
-    Drag(slider, {72, 14});  // thumb edge at 65: 18.8 units -> 16 + 2
+    MoveHeld(slider, {72, 14});  // thumb edge at 65: 18.8 units -> 16 + 2
     EXPECT_EQ(slider.Value(), 16);
     EXPECT_EQ(slider.ThumbRect().left(), 63);
-    Drag(slider, {-200, 14});
+    MoveHeld(slider, {-200, 14});
     EXPECT_EQ(slider.Value(), 2);
     EXPECT_EQ(slider.ThumbRect().left(), 3);
-    Drag(slider, {-100, 14});  // no change, no OnChange
+    MoveHeld(slider, {-100, 14});  // no change, no OnChange
     Release(slider, {-100, 14});
     EXPECT_FALSE(slider.ThumbDown());
     EXPECT_EQ(log, (std::vector<int>{16, 2, -1}));

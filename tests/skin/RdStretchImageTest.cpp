@@ -4,7 +4,8 @@
 
 #include "skin/RdBitmap.h"
 #include "skin/RdStretchImage.h"
-#include "tests/skin/ScrollBarInput.h"
+#include "tests/skin/SendInput.h"
+#include "tests/skin/SolidPicture.h"
 
 namespace qpt {
 namespace {

@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QString>
+#include <QWheelEvent>
 #include <QWidget>
 
 namespace qpt::testing {
@@ -22,9 +23,28 @@ inline void MouseMove(QWidget& widget, QPoint point) {
     SendMouse(widget, QEvent::MouseMove, point, Qt::NoButton, Qt::NoButton);
 }
 
-inline void MouseClick(QWidget& widget, QPoint point) {
+// The left button, held across the moves between press and release.
+inline void Press(QWidget& widget, QPoint point) {
     SendMouse(widget, QEvent::MouseButtonPress, point, Qt::LeftButton, Qt::LeftButton);
+}
+inline void MoveHeld(QWidget& widget, QPoint point) {
+    SendMouse(widget, QEvent::MouseMove, point, Qt::NoButton, Qt::LeftButton);
+}
+inline void Release(QWidget& widget, QPoint point) {
     SendMouse(widget, QEvent::MouseButtonRelease, point, Qt::LeftButton, Qt::NoButton);
+}
+
+inline void MouseClick(QWidget& widget, QPoint point) {
+    Press(widget, point);
+    Release(widget, point);
+}
+
+// Whole notches of the wheel; positive turns away from the user (scrolls up).
+inline void Wheel(QWidget& widget, QPoint point, int notches) {
+    QWheelEvent event(QPointF(point), QPointF(widget.mapToGlobal(point)), QPoint(),
+                      QPoint(0, 120 * notches), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
+                      false);
+    QApplication::sendEvent(&widget, &event);
 }
 
 inline void KeyClick(QWidget& widget, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier,
