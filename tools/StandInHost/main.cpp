@@ -56,6 +56,8 @@ void TakeScreenshotLater(const HostOptions& options, QProcess* qptpin) {
             Say("screenshot: " + QFileInfo(options.screenshot).absoluteFilePath());
         else
             Say("screenshot could not be written to " + options.screenshot);
+        // Noted, so that the end this causes is not reported as a crash.
+        qptpin->setProperty("closedByHost", true);
         qptpin->terminate();
     });
 }
@@ -99,9 +101,12 @@ int main(int argc, char** argv) {
     QProcess qptpin;
     qptpin.setProcessChannelMode(QProcess::ForwardedChannels);
     QObject::connect(&qptpin, &QProcess::finished, [&](int code, QProcess::ExitStatus status) {
-        Say(QStringLiteral("QptPin ended with code %1%2")
-                .arg(code)
-                .arg(status == QProcess::CrashExit ? " (crashed)" : ""));
+        if (qptpin.property("closedByHost").toBool())
+            Say(QStringLiteral("QptPin closed after the screenshot"));
+        else
+            Say(QStringLiteral("QptPin ended with code %1%2")
+                    .arg(code)
+                    .arg(status == QProcess::CrashExit ? " (crashed)" : ""));
         app.exit(options.screenshot.isEmpty() ? code : 0);
     });
     const QString program =
