@@ -9,6 +9,24 @@
 
 namespace qpt {
 
+// The published properties of every scroll bar face, by the names skin lines
+// use. The meta-object compiler takes no templates, so each concrete bar
+// declares them through this one list.
+#define QPT_SCROLL_BAR_PROPERTIES                                                 \
+    Q_PROPERTY(qpt::TScrollBarModel::TScrollBarKind Kind READ Kind WRITE SetKind) \
+    Q_PROPERTY(qpt::TRdScrollBarImages* AllSkinImage READ AllSkinImage)           \
+    Q_PROPERTY(bool AutoArrow READ AutoArrow WRITE SetAutoArrow)                  \
+    Q_PROPERTY(bool AllowArrow READ AllowArrow WRITE SetAllowArrow)               \
+    Q_PROPERTY(bool AutoSize READ AutoSize WRITE SetAutoSize)                     \
+    Q_PROPERTY(bool AutoHide READ AutoHide WRITE SetAutoHide)                     \
+    Q_PROPERTY(bool AutoCenter READ AutoCenter WRITE SetAutoCenter)               \
+    Q_PROPERTY(int Min READ Min WRITE SetMin)                                     \
+    Q_PROPERTY(int Max READ Max WRITE SetMax)                                     \
+    Q_PROPERTY(int PageSize READ PageSize WRITE SetPageSize)                      \
+    Q_PROPERTY(int Position READ Position WRITE SetPosition)                      \
+    Q_PROPERTY(int LargeChange READ LargeChange WRITE SetLargeChange)             \
+    Q_PROPERTY(int SmallChange READ SmallChange WRITE SetSmallChange)
+
 // The published face of a scroll bar over any skinned control base: the
 // properties forward to the shared TScrollBarCore and the widget's events
 // drive it. The windowed and the windowless bar differ only in their base.
