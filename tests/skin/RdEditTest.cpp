@@ -40,16 +40,6 @@ protected:
     // The picture shows in the corner, where no text ever goes.
     QRgb Corner() { return RenderWidget(edit).pixel(0, 0); }
 
-    void Hover(bool in) {
-        if (in) {
-            QEnterEvent enter(QPointF(5, 5), QPointF(5, 5), QPointF(5, 5));
-            QApplication::sendEvent(&edit, &enter);
-        } else {
-            QEvent leave(QEvent::Leave);
-            QApplication::sendEvent(&edit, &leave);
-        }
-    }
-
     TRdEdit edit;
 };
 
@@ -57,7 +47,7 @@ TEST_F(RdEditTest, PicturesTakeTurnsByState) {
     EXPECT_EQ(Corner(), kEmpty);
     edit.setText("text");
     EXPECT_EQ(Corner(), kNormal);
-    Hover(true);
+    testing::MouseEnter(edit, QPoint(5, 5));
     EXPECT_EQ(Corner(), kOver);
 
     edit.show();

@@ -165,8 +165,7 @@ TEST(RdLabel, PaintsPictureThenTextInsideTheBorderInTheStateColour) {
             ASSERT_EQ(shot.pixel(x, y), qRgb(0, 0, 255));
     EXPECT_GT(countText(shot, qRgb(0, 0, 0), 20), 10);
 
-    QEnterEvent enter(QPointF(30, 10), QPointF(30, 10), QPointF(30, 10));
-    QApplication::sendEvent(&label, &enter);
+    testing::MouseEnter(label, QPoint(30, 10));
     EXPECT_TRUE(label.Hovered());
     shot = RenderWidget(label);
     EXPECT_EQ(countText(shot, qRgb(0, 0, 0), 20), 0);

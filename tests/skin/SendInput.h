@@ -23,6 +23,17 @@ inline void MouseMove(QWidget& widget, QPoint point) {
     SendMouse(widget, QEvent::MouseMove, point, Qt::NoButton, Qt::NoButton);
 }
 
+// The pointer crossing into and out of the widget, with no button held.
+inline void MouseEnter(QWidget& widget, QPoint point) {
+    const QPointF at(point);
+    QEnterEvent event(at, at, widget.mapToGlobal(at));
+    QApplication::sendEvent(&widget, &event);
+}
+inline void MouseLeave(QWidget& widget) {
+    QEvent event(QEvent::Leave);
+    QApplication::sendEvent(&widget, &event);
+}
+
 // The left button, held across the moves between press and release.
 inline void Press(QWidget& widget, QPoint point) {
     SendMouse(widget, QEvent::MouseButtonPress, point, Qt::LeftButton, Qt::LeftButton);
