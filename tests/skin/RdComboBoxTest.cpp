@@ -247,6 +247,15 @@ TEST(ComboBox, TakesTheStyleBarLookFromTheSkin) {
     EXPECT_NE(combo->ItemHotBgColor(), plainHotBg);
     EXPECT_TRUE(combo->VScrollBar()->AutoHide());
     EXPECT_EQ(Render(*combo).pixel(60, 15), qRgb(0x2C, 0x30, 0x38));
+
+    // The closed face's text must stand out from the dark picture.
+    combo->addItem("PNG picture");
+    const QImage face = Render(*combo);
+    int brightest = 0;
+    for (int y = 0; y < face.height(); ++y)
+        for (int x = 0; x < 60; ++x)
+            brightest = std::max(brightest, qGray(face.pixel(x, y)));
+    EXPECT_GE(brightest, 0xB0);
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 // The combo box: its closed face by state, and its list in a popup form of
 // its own, shown here as it paints.
+#include <memory>
+
 #include "skin/RdComboBox.h"
 #include "skin/RdComboBoxList.h"
 #include "tools/SkinGallery/GalleryEvents.h"
@@ -27,6 +29,19 @@ TRdComboBox* Combo(QWidget* parent) {
     return combo;
 }
 
+// The list as it drops down, four rows with the skinned bar. The combo box
+// that owns it only lends the list: left in the page, its face would lie
+// over the first cell of the section.
+QWidget* ListSnapshot(QWidget* host, int topIndex, int itemIndex) {
+    const std::unique_ptr<TRdComboBox> combo(Combo(nullptr));
+    TRdComboboxListForm* list = combo->ListForm();
+    list->ListBox()->SetItems(kFormats);
+    list->Arrange(combo->width(), 4);
+    list->ListBox()->SetTopIndex(topIndex);
+    list->ListBox()->SetItemIndex(itemIndex);
+    return Snapshot(*list, host);
+}
+
 }  // namespace
 
 void AddComboSection(TGalleryPage& page) {
@@ -42,22 +57,8 @@ void AddComboSection(TGalleryPage& page) {
     disabled->setEnabled(false);
     section.Add("disabled", OnGround(disabled, kDarkGround));
 
-    // The list as it drops down: four rows with the skinned bar, the hovered
-    // row selected.
-    auto* open = Combo(host);
-    TRdComboboxListForm* list = open->ListForm();
-    list->ListBox()->SetItems(kFormats);
-    list->Arrange(open->width(), 4);
-    list->ListBox()->SetItemIndex(1);
-    section.Add("list, second row under the mouse", Snapshot(*list, host));
-
-    auto* scrolled = Combo(host);
-    TRdComboboxListForm* end = scrolled->ListForm();
-    end->ListBox()->SetItems(kFormats);
-    end->Arrange(scrolled->width(), 4);
-    end->ListBox()->SetTopIndex(2);
-    end->ListBox()->SetItemIndex(5);
-    section.Add("list scrolled to its end", Snapshot(*end, host));
+    section.Add("list, second row under the mouse", ListSnapshot(host, 0, 1));
+    section.Add("list scrolled to its end", ListSnapshot(host, 2, 5));
 }
 
 }  // namespace qpt
