@@ -23,10 +23,12 @@ quint32 SkinColor(const QString& name) {
 template <class Label>
 Label* MakeLabel(QWidget* parent, const QString& caption, QSize size) {
     auto* label = new Label(parent);
-    ScaleFonts(label);
     label->resize(size);
     label->Font()->SetColor(SkinColor("text_color.cl_text_b"));
+    // Links of the markup copy the label's font when the caption is set:
+    // scaled after that, each font is scaled once, the copies included.
     label->SetCaption(caption);
+    ScaleFonts(label);
     return label;
 }
 
