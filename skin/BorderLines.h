@@ -18,9 +18,6 @@ class TBorderLines : public TChangeNotifier {
     Q_PROPERTY(bool Bottom READ Bottom WRITE SetBottom)
 
 public:
-    // System colour 6: the frame of a window.
-    static constexpr quint32 kWindowFrame = clSystemColor | 6;
-
     explicit TBorderLines(QObject* parent = nullptr) : TChangeNotifier(parent) {}
 
     bool Enabled() const { return enabled_; }
@@ -41,7 +38,7 @@ public:
 
 private:
     bool enabled_ = false;
-    quint32 color_ = kWindowFrame;
+    quint32 color_ = clWindowFrame;
     int width_ = 1;
     bool left_ = true;
     bool right_ = true;

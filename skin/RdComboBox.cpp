@@ -13,9 +13,6 @@ namespace qpt {
 
 namespace {
 
-constexpr quint32 kGrayText = clSystemColor | 17;
-constexpr quint32 kWindow = clSystemColor | 5;
-constexpr quint32 kWindowFrame = clSystemColor | 6;
 // Without a picture the arrow is drawn in a square this wide at the right.
 constexpr int kPlainArrowWidth = 16;
 
@@ -32,7 +29,7 @@ TRdComboBox::TRdComboBox(QWidget* parent)
       backgroundOption_(new TDesignRectProperty(this)),
       font_(new TRdFont(this)),
       allSkin_(new TRdSkinClass(this)),
-      fontDisableColor_(kGrayText) {
+      fontDisableColor_(clGrayText) {
     allSkin_->AddChild(font_->AllSkin());
     connect(font_, &TRdFont::Changed, this, &TRdComboBox::FontChanged);
     connect(backgroundOption_, &TDesignRectProperty::Changed, this, qOverload<>(&QWidget::update));
@@ -43,8 +40,8 @@ TRdComboBox::TRdComboBox(QWidget* parent)
     connect(this, &QComboBox::activated, this, [this] {
         if (OnSelect) OnSelect(*this);
     });
-    form_->Bg()->SetColor(kWindow);
-    form_->Bg()->SetBorderColor(kWindowFrame);
+    form_->Bg()->SetColor(clWindow);
+    form_->Bg()->SetBorderColor(clWindowFrame);
     form_->ListBox()->SetTextOffX(textOffX_);
     FontChanged();
 }

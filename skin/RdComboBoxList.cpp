@@ -15,9 +15,6 @@ namespace qpt {
 
 namespace {
 
-constexpr quint32 kWindowText = clSystemColor | 8;
-constexpr quint32 kHighlight = clSystemColor | 13;
-constexpr quint32 kHighlightText = clSystemColor | 14;
 // The hint rule leaves this much room beyond the text before calling it cut.
 constexpr int kHintSlack = 3;
 
@@ -25,9 +22,9 @@ constexpr int kHintSlack = 3;
 
 TRdComboBoxList::TRdComboBoxList(QWidget* parent)
     : TRdCustomControl(parent),
-      itemColor_(kWindowText),
-      itemHotColor_(kHighlightText),
-      itemHotBgColor_(kHighlight) {
+      itemColor_(clWindowText),
+      itemHotColor_(clHighlightText),
+      itemHotBgColor_(clHighlight) {
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
 }

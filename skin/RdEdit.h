@@ -126,7 +126,7 @@ private:
     TDesignRectProperty* imageOption_;
     TRdPictureProperty* images_[esNormal + 1];
     QString passwordChar_;
-    quint32 fontEmptyColor_ = clSystemColor | 17;  // clGrayText
+    quint32 fontEmptyColor_ = clGrayText;
     TBorderStyle borderStyle_ = bsNone;
     TEditCharCase charCase_ = ecNormal;
     int borderWidth_ = 0;

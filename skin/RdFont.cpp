@@ -12,7 +12,6 @@ namespace qpt {
 namespace {
 
 // System colour 8: the text colour of windows.
-constexpr quint32 kWindowText = clSystemColor | 8;
 
 // The pixel size whose cell (ascent plus descent) comes closest to `cell`.
 int PixelSizeForCell(QFont font, int cell) {
@@ -26,7 +25,7 @@ int PixelSizeForCell(QFont font, int cell) {
 
 TRdFont::TRdFont(QObject* parent)
     : QObject(parent),
-      color_(kWindowText),
+      color_(clWindowText),
       allSkin_(new TRdSkinClass(this, QStringLiteral("font"))) {}
 
 template <typename T>

@@ -11,6 +11,7 @@
 #include "skin/RdPictureProperty.h"
 #include "skin/RdSkinClass.h"
 #include "skin/ShadowFrame.h"
+#include "skin/StandardColors.h"
 
 class QPainter;
 class QPaintEvent;
@@ -38,8 +39,6 @@ class TRdFormSkin : public QObject {
     Q_PROPERTY(qpt::TRdSkinClass* AllSkin READ AllSkin)
 
 public:
-    // System colour 5: the background of a window.
-    static constexpr quint32 kClWindow = clSystemColor | 5;
     // How long a form stays fully transparent at its first show.
     static constexpr int kFlashDelay = 50;
 
@@ -103,7 +102,7 @@ private:
     TRdSkinClass* allSkin_;
     TRdTimer* flashTimer_;
     TRdFormShadowBg* shadow_;
-    quint32 formColor_ = kClWindow;
+    quint32 formColor_ = clWindow;
     bool fixFlashBlack_ = false;
     bool hideShadow_ = false;
     bool shownOnce_ = false;

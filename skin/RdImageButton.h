@@ -121,8 +121,6 @@ class TRdImageButton : public TRdGraphicControl {
 public:
     enum TState { bsNormal = 0, bsDown = 1, bsDisabled = 2, bsSelected = 3 };
     enum TIconState { isNormal = 0, isDown = 1, isHover = 2, isDisabled = 3, isSelected = 4 };
-    // The system colour of grey text, the usual disabled caption.
-    static constexpr quint32 clGrayText = clSystemColor | 17;
 
     explicit TRdImageButton(QWidget* parent = nullptr);
 

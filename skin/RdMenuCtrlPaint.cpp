@@ -16,8 +16,6 @@ namespace qpt {
 
 namespace {
 
-constexpr quint32 kClBackground = clSystemColor | 1;
-
 bool Drawn(quint32 color) {
     return color != clNone;
 }
@@ -70,7 +68,7 @@ QColor Gray(const QColor& color) {
 // separators' colour, so a skin can tie the edge to either.
 quint32 TRdMenuCtrl::VertLineColor() const {
     const quint32 color = menu_->ColorVertLine();
-    if (color == kClBackground) return menu_->ColorBackground();
+    if (color == clBackground) return menu_->ColorBackground();
     if (color == clDefault) return menu_->ColorSeparator();
     return color;
 }
@@ -80,7 +78,7 @@ void TRdMenuCtrl::paintEvent(QPaintEvent*) {
     const TMenuMetrics m = Metrics();
     painter.fillRect(rect(), SkinQColor(menu_->ColorBackground()));
     if (m.HasBar) PaintIconBar(painter, m);
-    if (Drawn(menu_->ColorBorder()) && menu_->ColorBorder() != kClBackground) {
+    if (Drawn(menu_->ColorBorder()) && menu_->ColorBorder() != clBackground) {
         painter.setPen(SkinQColor(menu_->ColorBorder()));
         painter.setBrush(Qt::NoBrush);
         painter.drawRect(rect().adjusted(0, 0, -1, -1));

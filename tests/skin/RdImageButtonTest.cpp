@@ -249,7 +249,7 @@ TEST(RdImageButton, PublishedPropertiesTakeSkinValuesByName) {
     EXPECT_EQ(button.Caption(), "Save");
     EXPECT_EQ(changes, 1);
     EXPECT_EQ(button.property("TextOffset").toInt(), 20);
-    EXPECT_EQ(button.property("FontDisabledColor").toUInt(), TRdImageButton::clGrayText);
+    EXPECT_EQ(button.property("FontDisabledColor").toUInt(), clGrayText);
 }
 
 }  // namespace
