@@ -49,24 +49,24 @@ __attribute__((target("avx2"))) inline __m256i Over16(__m256i c, __m256i d, __m2
 
 struct VectorConstants {
     __m256i widen, narrow, zero, k, alphaBytes;
-    __m128i keepTail;
     bool plain;  // opacity 255
 };
 
 // Eight pixels: each 128-bit lane holds four B, G, R triples that a byte
-// shuffle widens to B, G, R, 0 and narrows back. Reads and writes 28 bytes
-// of dst, the last four unchanged.
+// shuffle widens to B, G, R, 0 and narrows back. Reads and writes exactly the
+// 24 bytes of dst, so the next step's load never overlaps this step's store.
 __attribute__((target("avx2"))) inline void Step8(uint8_t* d, const uint8_t* src,
                                                   const VectorConstants& v) {
     const __m256i s = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(src));
     if (_mm256_testz_si256(s, s)) return;
-    const __m128i lo = _mm_loadu_si128(reinterpret_cast<const __m128i*>(d));
-    const __m128i hi = _mm_loadu_si128(reinterpret_cast<const __m128i*>(d + 12));
     __m256i packed;
     if (v.plain && _mm256_testc_si256(s, v.alphaBytes)) {
         // Opaque pixels at full opacity: the formula gives the source itself.
         packed = _mm256_shuffle_epi8(s, v.narrow);
     } else {
+        const __m128i lo = _mm_loadu_si128(reinterpret_cast<const __m128i*>(d));
+        const __m128i tail = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(d + 16));
+        const __m128i hi = _mm_alignr_epi8(tail, lo, 12);
         const __m256i dw = _mm256_shuffle_epi8(_mm256_set_m128i(hi, lo), v.widen);
         const __m256i r0 =
             Over16(_mm256_unpacklo_epi8(s, v.zero), _mm256_unpacklo_epi8(dw, v.zero), v.k);
@@ -74,10 +74,12 @@ __attribute__((target("avx2"))) inline void Step8(uint8_t* d, const uint8_t* src
             Over16(_mm256_unpackhi_epi8(s, v.zero), _mm256_unpackhi_epi8(dw, v.zero), v.k);
         packed = _mm256_shuffle_epi8(_mm256_packus_epi16(r0, r1), v.narrow);
     }
-    _mm_storeu_si128(reinterpret_cast<__m128i*>(d), _mm256_castsi256_si128(packed));
-    const __m128i upper =
-        _mm_or_si128(_mm256_extracti128_si256(packed, 1), _mm_and_si128(hi, v.keepTail));
-    _mm_storeu_si128(reinterpret_cast<__m128i*>(d + 12), upper);
+    // Each lane holds 12 bytes; the narrowing left its last four empty.
+    const __m128i first = _mm256_castsi256_si128(packed);
+    const __m128i second = _mm256_extracti128_si256(packed, 1);
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(d),
+                     _mm_or_si128(first, _mm_slli_si128(second, 12)));
+    _mm_storel_epi64(reinterpret_cast<__m128i*>(d + 16), _mm_srli_si128(second, 4));
 }
 
 __attribute__((target("avx2"))) void BlendPremulRowVector(uint8_t* dst, const uint8_t* src, int n,
@@ -87,20 +89,19 @@ __attribute__((target("avx2"))) void BlendPremulRowVector(uint8_t* dst, const ui
                                4, 5, -1, 6, 7, 8, -1, 9, 10, 11, -1);
     v.narrow = _mm256_setr_epi8(0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, -1, -1, -1, -1, 0, 1, 2, 4,
                                 5, 6, 8, 9, 10, 12, 13, 14, -1, -1, -1, -1);
-    v.keepTail = _mm_setr_epi32(0, 0, 0, -1);
     v.zero = _mm256_setzero_si256();
     // A zero factor means "no scaling" to Over16, which tests it once per step.
     v.k = k == 255 ? v.zero : _mm256_set1_epi16(int16_t(k));
     v.alphaBytes = _mm256_set1_epi32(int32_t(0xFF000000u));
     v.plain = k == 255;
     int i = 0;
-    for (; i + 10 <= n; i += 8)
+    for (; i + 8 <= n; i += 8)
         Step8(dst + 3 * i, src + 4 * i, v);
     // The rest goes through the same step on padded copies: a transparent
     // source pixel leaves its destination pixel as it was.
-    for (; i < n; i += 8) {
-        const int m = std::min(8, n - i);
-        alignas(32) uint8_t d[32] = {}, s[32] = {};
+    if (i < n) {
+        const int m = n - i;
+        alignas(32) uint8_t d[24] = {}, s[32] = {};
         std::memcpy(d, dst + 3 * i, size_t(m) * 3);
         std::memcpy(s, src + 4 * i, size_t(m) * 4);
         Step8(d, s, v);
