@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "skin/DesignRectProperty.h"
+#include "skin/EdgeGeometry.h"
 #include "skin/RdComboboxListForm.h"
 #include "skin/RdFont.h"
 #include "skin/RdPictureProperty.h"
@@ -14,7 +15,7 @@ namespace qpt {
 // A drop-down whose closed face is a skin picture chosen by state and whose
 // list opens in a popup window of its own. The items and the keyboard of
 // the closed face are the stock combo box's; everything drawn is ours.
-class TRdComboBox : public QComboBox {
+class TRdComboBox : public QComboBox, public TEdgeGeometry<TRdComboBox> {
     Q_OBJECT
     Q_PROPERTY(int Left_Right READ Left_Right WRITE SetLeft_Right STORED false)
     Q_PROPERTY(int Top_Bottom READ Top_Bottom WRITE SetTop_Bottom STORED false)
@@ -56,15 +57,6 @@ public:
     Q_ENUM(TFaceState)
 
     explicit TRdComboBox(QWidget* parent = nullptr);
-
-    int Left_Right() const { return x() + width(); }
-    int Top_Bottom() const { return y() + height(); }
-    int Left_Invert() const { return ParentWidth() - Left_Right(); }
-    int Top_Invert() const { return ParentHeight() - Top_Bottom(); }
-    void SetLeft_Right(int value) { move(value - width(), y()); }
-    void SetTop_Bottom(int value) { move(x(), value - height()); }
-    void SetLeft_Invert(int value) { SetLeft_Right(ParentWidth() - value); }
-    void SetTop_Invert(int value) { SetTop_Bottom(ParentHeight() - value); }
 
     int ComboboxHeight() const { return height(); }
     void SetComboboxHeight(int value) { resize(width(), std::max(value, 0)); }
@@ -121,8 +113,6 @@ protected:
     void leaveEvent(QEvent* event) override;
 
 private:
-    int ParentWidth() const { return parentWidget() ? parentWidget()->width() : 0; }
-    int ParentHeight() const { return parentWidget() ? parentWidget()->height() : 0; }
     TRdPictureProperty* NewPicture();
     QRect TextRect() const;
     void PaintPlainFace(QPainter& painter) const;

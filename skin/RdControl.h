@@ -2,6 +2,7 @@
 
 #include <QWidget>
 
+#include "skin/EdgeGeometry.h"
 #include "skin/RdFont.h"
 #include "skin/RdSkinClass.h"
 
@@ -10,10 +11,8 @@ namespace qpt {
 // What every skinned control has: a TRdFont, the skin link AllSkin (whose
 // font part is linked below it), a switch that lets the mouse through, and
 // geometry under the names the forms and skins use. The edges can be set from
-// either side of the parent: Left_Right is Left + Width, Top_Bottom is Top +
-// Height, Left_Invert and Top_Invert the distance from the parent's right and
-// bottom edges. Setting one moves the control so that the value holds.
-class TRdControl : public QWidget {
+// either side of the parent.
+class TRdControl : public QWidget, public TEdgeGeometry<TRdControl> {
     Q_OBJECT
     Q_PROPERTY(int Left READ Left WRITE SetLeft STORED false)
     Q_PROPERTY(int Top READ Top WRITE SetTop STORED false)
@@ -42,16 +41,6 @@ public:
     void SetWidth(int value) { resize(qMax(value, 0), height()); }
     void SetHeight(int value) { resize(width(), qMax(value, 0)); }
 
-    int Left_Right() const { return x() + width(); }
-    int Top_Bottom() const { return y() + height(); }
-    void SetLeft_Right(int value) { SetLeft(value - width()); }
-    void SetTop_Bottom(int value) { SetTop(value - height()); }
-    // Without a parent the far edge is at 0.
-    int Left_Invert() const { return ParentWidth() - Left_Right(); }
-    int Top_Invert() const { return ParentHeight() - Top_Bottom(); }
-    void SetLeft_Invert(int value) { SetLeft_Right(ParentWidth() - value); }
-    void SetTop_Invert(int value) { SetTop_Bottom(ParentHeight() - value); }
-
     // Shown unless hidden itself, whatever its parents.
     bool Visible() const { return !isHidden(); }
     QString Hint() const { return toolTip(); }
@@ -73,8 +62,6 @@ protected:
     virtual void FontChanged();
 
 private:
-    int ParentWidth() const { return parentWidget() ? parentWidget()->width() : 0; }
-    int ParentHeight() const { return parentWidget() ? parentWidget()->height() : 0; }
     void TakeParentFont();
 
     TRdFont* font_;

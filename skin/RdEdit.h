@@ -3,6 +3,7 @@
 #include <QLineEdit>
 
 #include "skin/DesignRectProperty.h"
+#include "skin/EdgeGeometry.h"
 #include "skin/RdFont.h"
 #include "skin/RdPictureProperty.h"
 #include "skin/RdSkinClass.h"
@@ -15,7 +16,7 @@ namespace qpt {
 // clear background, over the picture of the present state. The state
 // pictures take turns in the order disabled, error, selected (focused),
 // over, empty, normal: the first state that holds and has a picture wins.
-class TRdEdit : public QLineEdit {
+class TRdEdit : public QLineEdit, public TEdgeGeometry<TRdEdit> {
     Q_OBJECT
     Q_PROPERTY(QString Text READ text WRITE setText)
     Q_PROPERTY(bool AutoSize READ AutoSize WRITE SetAutoSize)
@@ -86,15 +87,6 @@ public:
     TRdPictureProperty* ImageError() const { return images_[esError]; }
     TRdPictureProperty* ImageEmpty() const { return images_[esEmpty]; }
 
-    int Left_Right() const { return x() + width(); }
-    int Top_Bottom() const { return y() + height(); }
-    int Left_Invert() const { return ParentWidth() - Left_Right(); }
-    int Top_Invert() const { return ParentHeight() - Top_Bottom(); }
-    void SetLeft_Right(int value) { move(value - width(), y()); }
-    void SetTop_Bottom(int value) { move(x(), value - height()); }
-    void SetLeft_Invert(int value) { SetLeft_Right(ParentWidth() - value); }
-    void SetTop_Invert(int value) { SetTop_Bottom(ParentHeight() - value); }
-
     TRdSkinClass* AllSkin() const { return allSkin_; }
 
     // Whether a state holds now, whatever its picture.
@@ -116,8 +108,6 @@ private:
     void ApplyLook();
     void ApplyMargins();
     void FitHeight();
-    int ParentWidth() const { return parentWidget() ? parentWidget()->width() : 0; }
-    int ParentHeight() const { return parentWidget() ? parentWidget()->height() : 0; }
 
     TRdSkinClass* allSkin_;
     TRdFont* fontError_;

@@ -3,6 +3,8 @@
 #include <QImage>
 
 #include "skin/PngImage.h"
+#include "skin/RdComboBox.h"
+#include "skin/RdEdit.h"
 #include "skin/RdImage.h"
 #include "skin/RdPaintBox.h"
 #include "skin/RdPanel.h"
@@ -42,6 +44,18 @@ TEST(SkinControls, EdgesCanBeSetFromEitherSideOfTheParent) {
     TRdPaintBox orphan;
     orphan.setGeometry(5, 5, 10, 10);
     EXPECT_EQ(orphan.Left_Invert(), -15);
+
+    // Controls over other Qt bases take the same properties from a skin.
+    TRdEdit edit(&parent);
+    TRdComboBox combo(&parent);
+    for (QWidget* control : {static_cast<QWidget*>(&edit), static_cast<QWidget*>(&combo)}) {
+        control->setGeometry(10, 20, 50, 24);
+        EXPECT_EQ(TSkinReader::SetPropertyText(control, "Left_Invert", "5"),
+                  TSkinReader::TResult::Applied);
+        EXPECT_EQ(TSkinReader::SetPropertyText(control, "Top_Bottom", "90"),
+                  TSkinReader::TResult::Applied);
+        EXPECT_EQ(control->geometry(), QRect(145, 66, 50, 24));
+    }
 }
 
 TEST(SkinControls, HitTestLetsTheMouseThrough) {
