@@ -182,52 +182,117 @@ QList<TSheetSlice> TContactSheet::Slices() const {
     return slices;
 }
 
-QImage TContactSheet::Render(const QString& title) const {
-    const QList<TSheetPicture> pictures = Pictures();
-    const QList<TSheetSlice> slices = Slices();
-    QList<Cell> pictureCells;
-    QList<Cell> magnifiedCells;
-    QList<QImage> magnifiedImages;
+namespace {
+
+// Every cell of the sheet and where it goes. Everything is laid out before
+// anything is painted: the sheet's height is known only afterwards.
+struct TSheetLayout {
     int width = kMinSheetWidth;
-    for (const TSheetPicture& picture : pictures) {
-        pictureCells.append({picture.name, picture.image.size()});
-        width = std::max(width, picture.image.width() + 2 * kGap);
-        if (const int factor = magnification(picture.image.size())) {
-            magnifiedImages.append(picture.image.scaled(picture.image.size() * factor));
-            magnifiedCells.append(
-                {QString("%1 x%2").arg(picture.name.section('.', 0, 0)).arg(factor),
-                 magnifiedImages.last().size()});
-        }
-    }
+    int height = 0;
+    QList<Cell> pictureCells, magnifiedCells;
+    QList<QImage> magnifiedImages;
     QList<QList<Cell>> sliceRows;
     QList<QImage> sliceImages;
+    QList<QPoint> picturePlaces, magnifiedPlaces;
+    QList<int> sliceTops;
+    QList<QList<QPoint>> slicePlaces;
+};
+
+void GatherPictureCells(const QList<TSheetPicture>& pictures, TSheetLayout& layout) {
+    for (const TSheetPicture& picture : pictures) {
+        layout.pictureCells.append({picture.name, picture.image.size()});
+        layout.width = std::max(layout.width, picture.image.width() + 2 * kGap);
+        if (const int factor = magnification(picture.image.size())) {
+            layout.magnifiedImages.append(picture.image.scaled(picture.image.size() * factor));
+            layout.magnifiedCells.append(
+                {QString("%1 x%2").arg(picture.name.section('.', 0, 0)).arg(factor),
+                 layout.magnifiedImages.last().size()});
+        }
+    }
+}
+
+// After the pictures: the slices take the sheet's final width.
+void GatherSliceCells(const QList<TSheetSlice>& slices, TSheetLayout& layout) {
     for (const TSheetSlice& slice : slices) {
         const QImage image(resourcePath(slice.pictureName));
         QList<Cell> row;
-        for (QSize size : sliceSizes(image.size(), width - 2 * kGap))
+        for (QSize size : sliceSizes(image.size(), layout.width - 2 * kGap))
             row.append({QString("%1x%2").arg(size.width()).arg(size.height()), size});
-        sliceRows.append(row);
-        sliceImages.append(image);
+        layout.sliceRows.append(row);
+        layout.sliceImages.append(image);
     }
+}
 
+void PlaceCells(const QFontMetrics& metrics, int headerHeight, TSheetLayout& layout) {
+    int top = headerHeight;
+    layout.picturePlaces = flow(layout.pictureCells, metrics, layout.width, top);
+    layout.magnifiedPlaces = flow(layout.magnifiedCells, metrics, layout.width, top);
+    for (const QList<Cell>& row : layout.sliceRows) {
+        top += metrics.height() + 4;
+        layout.sliceTops.append(top);
+        layout.slicePlaces.append(flow(row, metrics, layout.width, top));
+    }
+    layout.height = top;
+}
+
+// A cell: the checker ground, what paint() draws on it, and its label below.
+template <class Paint>
+void DrawCell(QPainter& painter, const QFontMetrics& metrics, QPoint at, const Cell& cell,
+              Paint&& paint) {
+    const QRect area(at, cell.picture);
+    fillChecker(painter, area);
+    paint(area);
+    painter.setPen(kLabel);
+    painter.drawText(at.x(), at.y() + cell.picture.height() + 2 + metrics.ascent(), cell.label);
+}
+
+// The picture stretched, with lines where its corners end and stretching starts.
+void DrawSliceSample(QPainter& painter, const QRect& area, const QImage& image,
+                     const TSheetSlice& slice) {
+    DrawNineSlice(painter, area, image, slice.margins, slice.frameOnly);
+    painter.setPen(kGuide);
+    const QRect inner = area.marginsRemoved(slice.margins);
+    painter.drawLine(inner.left(), area.top(), inner.left(), area.bottom());
+    painter.drawLine(inner.right() + 1, area.top(), inner.right() + 1, area.bottom());
+    painter.drawLine(area.left(), inner.top(), area.right(), inner.top());
+    painter.drawLine(area.left(), inner.bottom() + 1, area.right(), inner.bottom() + 1);
+}
+
+void DrawSlices(QPainter& painter, const QFontMetrics& metrics, const QList<TSheetSlice>& slices,
+                const TSheetLayout& layout) {
+    for (qsizetype s = 0; s < slices.size(); ++s) {
+        const TSheetSlice& slice = slices[s];
+        painter.setPen(kLabel);
+        painter.drawText(kGap, layout.sliceTops[s] - 4,
+                         QString("[%1]  %2  margins %3,%4,%5,%6%7")
+                             .arg(slice.section, slice.pictureName)
+                             .arg(slice.margins.left())
+                             .arg(slice.margins.top())
+                             .arg(slice.margins.right())
+                             .arg(slice.margins.bottom())
+                             .arg(slice.frameOnly ? "  frame" : ""));
+        for (qsizetype i = 0; i < layout.sliceRows[s].size(); ++i)
+            DrawCell(painter, metrics, layout.slicePlaces[s][i], layout.sliceRows[s][i],
+                     [&](const QRect& area) {
+                         DrawSliceSample(painter, area, layout.sliceImages[s], slice);
+                     });
+    }
+}
+
+}  // namespace
+
+QImage TContactSheet::Render(const QString& title) const {
+    const QList<TSheetPicture> pictures = Pictures();
+    const QList<TSheetSlice> slices = Slices();
     QFont font("DejaVu Sans");
     font.setPixelSize(11);
     const QFontMetrics metrics(font);
-    const int headerHeight = metrics.height() + 2 * kGap;
+    TSheetLayout layout;
+    GatherPictureCells(pictures, layout);
+    GatherSliceCells(slices, layout);
+    PlaceCells(metrics, metrics.height() + 2 * kGap, layout);
 
-    // Lay everything out first: the sheet's height is known only afterwards.
-    int top = headerHeight;
-    const QList<QPoint> picturePlaces = flow(pictureCells, metrics, width, top);
-    const QList<QPoint> magnifiedPlaces = flow(magnifiedCells, metrics, width, top);
-    QList<int> sliceTops;
-    QList<QList<QPoint>> slicePlaces;
-    for (const QList<Cell>& row : sliceRows) {
-        top += metrics.height() + 4;
-        sliceTops.append(top);
-        slicePlaces.append(flow(row, metrics, width, top));
-    }
-
-    QImage sheet(width, top, QImage::Format_ARGB32_Premultiplied);
+    QImage sheet(layout.width, layout.height, QImage::Format_ARGB32_Premultiplied);
     sheet.fill(kPaper);
     QPainter painter(&sheet);
     painter.setFont(font);
@@ -237,45 +302,15 @@ QImage TContactSheet::Render(const QString& title) const {
                          .arg(title)
                          .arg(pictures.size())
                          .arg(slices.size()));
-
-    auto drawCell = [&](const QPoint& at, const Cell& cell, auto&& paint) {
-        const QRect area(at, cell.picture);
-        fillChecker(painter, area);
-        paint(area);
-        painter.setPen(kLabel);
-        painter.drawText(at.x(), at.y() + cell.picture.height() + 2 + metrics.ascent(), cell.label);
-    };
     for (qsizetype i = 0; i < pictures.size(); ++i)
-        drawCell(picturePlaces[i], pictureCells[i],
+        DrawCell(painter, metrics, layout.picturePlaces[i], layout.pictureCells[i],
                  [&](const QRect& area) { painter.drawImage(area.topLeft(), pictures[i].image); });
-    for (qsizetype i = 0; i < magnifiedImages.size(); ++i)
-        drawCell(magnifiedPlaces[i], magnifiedCells[i],
-                 [&](const QRect& area) { painter.drawImage(area.topLeft(), magnifiedImages[i]); });
-
-    for (qsizetype s = 0; s < slices.size(); ++s) {
-        const TSheetSlice& slice = slices[s];
-        painter.setPen(kLabel);
-        painter.drawText(kGap, sliceTops[s] - 4,
-                         QString("[%1]  %2  margins %3,%4,%5,%6%7")
-                             .arg(slice.section, slice.pictureName)
-                             .arg(slice.margins.left())
-                             .arg(slice.margins.top())
-                             .arg(slice.margins.right())
-                             .arg(slice.margins.bottom())
-                             .arg(slice.frameOnly ? "  frame" : ""));
-        for (qsizetype i = 0; i < sliceRows[s].size(); ++i) {
-            drawCell(slicePlaces[s][i], sliceRows[s][i], [&](const QRect& area) {
-                DrawNineSlice(painter, area, sliceImages[s], slice.margins, slice.frameOnly);
-                // The margin lines show where corners end and stretching starts.
-                painter.setPen(kGuide);
-                const QRect inner = area.marginsRemoved(slice.margins);
-                painter.drawLine(inner.left(), area.top(), inner.left(), area.bottom());
-                painter.drawLine(inner.right() + 1, area.top(), inner.right() + 1, area.bottom());
-                painter.drawLine(area.left(), inner.top(), area.right(), inner.top());
-                painter.drawLine(area.left(), inner.bottom() + 1, area.right(), inner.bottom() + 1);
-            });
-        }
-    }
+    for (qsizetype i = 0; i < layout.magnifiedImages.size(); ++i)
+        DrawCell(painter, metrics, layout.magnifiedPlaces[i], layout.magnifiedCells[i],
+                 [&](const QRect& area) {
+                     painter.drawImage(area.topLeft(), layout.magnifiedImages[i]);
+                 });
+    DrawSlices(painter, metrics, slices, layout);
     return sheet;
 }
 
