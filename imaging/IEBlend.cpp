@@ -32,66 +32,81 @@ void BlendPremulRowScalar(uint8_t* dst, const uint8_t* src, int n, int k) {
 
 namespace {
 
+// IEDiv255 in two operations: with r = x + 128 below 65536, r * 257 / 65536
+// rounds down to the same integer as (r + r / 256) / 256.
 __attribute__((target("avx2"))) inline __m256i Div255(__m256i x) {
-    const __m256i r = _mm256_add_epi16(x, _mm256_set1_epi16(128));
-    return _mm256_srli_epi16(_mm256_add_epi16(r, _mm256_srli_epi16(r, 8)), 8);
-}
-
-// c + div255(d * (255 - alpha)) for two pixels of four 16-bit channels per lane.
-__attribute__((target("avx2"))) inline __m256i Over16(__m256i c, __m256i d, __m256i k) {
-    if (!_mm256_testz_si256(k, k)) c = Div255(_mm256_mullo_epi16(c, k));
-    __m256i alpha = _mm256_shufflehi_epi16(_mm256_shufflelo_epi16(c, 0xFF), 0xFF);
-    __m256i inv = _mm256_sub_epi16(_mm256_set1_epi16(255), alpha);
-    return _mm256_add_epi16(c, Div255(_mm256_mullo_epi16(d, inv)));
+    return _mm256_mulhi_epu16(_mm256_add_epi16(x, _mm256_set1_epi16(128)), _mm256_set1_epi16(257));
 }
 
 }  // namespace
 
 struct VectorConstants {
-    __m256i widen, narrow, zero, k, alphaBytes;
+    __m256i widen, narrow, gather, lowBytes, k, alphaBytes;
     bool plain;  // opacity 255
 };
 
-// Eight pixels: each 128-bit lane holds four B, G, R triples that a byte
-// shuffle widens to B, G, R, 0 and narrows back. Reads and writes exactly the
-// 24 bytes of dst, so the next step's load never overlaps this step's store.
+// The blend of eight B, G, R, A pixels over eight B, G, R, 0 pixels, in the
+// same byte layout. The even and odd bytes of each 16-bit lane are worked on
+// apart, through masks and shifts, so the arithmetic needs no byte shuffles,
+// which share one execution port on many processors.
+__attribute__((target("avx2"))) inline __m256i Over8(__m256i s, __m256i dw,
+                                                     const VectorConstants& v) {
+    __m256i sEven = _mm256_and_si256(s, v.lowBytes);
+    __m256i sOdd = _mm256_srli_epi16(s, 8);
+    if (!v.plain) {
+        sEven = Div255(_mm256_mullo_epi16(sEven, v.k));
+        sOdd = Div255(_mm256_mullo_epi16(sOdd, v.k));
+    }
+    // Alpha is the upper half of each pixel's odd lanes; both halves get 255 - alpha.
+    const __m256i alpha = _mm256_srli_epi32(sOdd, 16);
+    const __m256i inv =
+        _mm256_sub_epi16(v.lowBytes, _mm256_or_si256(alpha, _mm256_slli_epi32(alpha, 16)));
+    const __m256i dEven = _mm256_and_si256(dw, v.lowBytes);
+    const __m256i dOdd = _mm256_srli_epi16(dw, 8);
+    const __m256i rEven = _mm256_min_epu16(
+        _mm256_add_epi16(sEven, Div255(_mm256_mullo_epi16(dEven, inv))), v.lowBytes);
+    const __m256i rOdd =
+        _mm256_min_epu16(_mm256_add_epi16(sOdd, Div255(_mm256_mullo_epi16(dOdd, inv))), v.lowBytes);
+    return _mm256_or_si256(rEven, _mm256_slli_epi16(rOdd, 8));
+}
+
+// Eight pixels. Reads and writes exactly the 24 bytes of dst, so the next
+// step's load never overlaps this step's store: the lower lane is read from
+// byte 0 and the upper from byte 8, and written back the same way, the
+// overlapping eight bytes holding the same values in both.
 __attribute__((target("avx2"))) inline void Step8(uint8_t* d, const uint8_t* src,
                                                   const VectorConstants& v) {
     const __m256i s = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(src));
     if (_mm256_testz_si256(s, s)) return;
-    __m256i packed;
+    __m256i result;
     if (v.plain && _mm256_testc_si256(s, v.alphaBytes)) {
         // Opaque pixels at full opacity: the formula gives the source itself.
-        packed = _mm256_shuffle_epi8(s, v.narrow);
+        result = s;
     } else {
-        const __m128i lo = _mm_loadu_si128(reinterpret_cast<const __m128i*>(d));
-        const __m128i tail = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(d + 16));
-        const __m128i hi = _mm_alignr_epi8(tail, lo, 12);
-        const __m256i dw = _mm256_shuffle_epi8(_mm256_set_m128i(hi, lo), v.widen);
-        const __m256i r0 =
-            Over16(_mm256_unpacklo_epi8(s, v.zero), _mm256_unpacklo_epi8(dw, v.zero), v.k);
-        const __m256i r1 =
-            Over16(_mm256_unpackhi_epi8(s, v.zero), _mm256_unpackhi_epi8(dw, v.zero), v.k);
-        packed = _mm256_shuffle_epi8(_mm256_packus_epi16(r0, r1), v.narrow);
+        const __m256i halves = _mm256_inserti128_si256(
+            _mm256_castsi128_si256(_mm_loadu_si128(reinterpret_cast<const __m128i*>(d))),
+            _mm_loadu_si128(reinterpret_cast<const __m128i*>(d + 8)), 1);
+        result = Over8(s, _mm256_shuffle_epi8(halves, v.widen), v);
     }
-    // Each lane holds 12 bytes; the narrowing left its last four empty.
-    const __m128i first = _mm256_castsi256_si128(packed);
-    const __m128i second = _mm256_extracti128_si256(packed, 1);
-    _mm_storeu_si128(reinterpret_cast<__m128i*>(d),
-                     _mm_or_si128(first, _mm_slli_si128(second, 12)));
-    _mm_storel_epi64(reinterpret_cast<__m128i*>(d + 16), _mm_srli_si128(second, 4));
+    // Each lane packs its twelve bytes first; the lanes then take bytes 0-15
+    // and 8-23 of the eight pixels.
+    const __m256i packed =
+        _mm256_permutevar8x32_epi32(_mm256_shuffle_epi8(result, v.narrow), v.gather);
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(d), _mm256_castsi256_si128(packed));
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(d + 8), _mm256_extracti128_si256(packed, 1));
 }
 
 __attribute__((target("avx2"))) void BlendPremulRowVector(uint8_t* dst, const uint8_t* src, int n,
                                                           int k) {
     VectorConstants v;
-    v.widen = _mm256_setr_epi8(0, 1, 2, -1, 3, 4, 5, -1, 6, 7, 8, -1, 9, 10, 11, -1, 0, 1, 2, -1, 3,
-                               4, 5, -1, 6, 7, 8, -1, 9, 10, 11, -1);
+    // The upper lane holds dst bytes 8-23, so its pixels start at byte 4.
+    v.widen = _mm256_setr_epi8(0, 1, 2, -1, 3, 4, 5, -1, 6, 7, 8, -1, 9, 10, 11, -1, 4, 5, 6, -1, 7,
+                               8, 9, -1, 10, 11, 12, -1, 13, 14, 15, -1);
     v.narrow = _mm256_setr_epi8(0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, -1, -1, -1, -1, 0, 1, 2, 4,
                                 5, 6, 8, 9, 10, 12, 13, 14, -1, -1, -1, -1);
-    v.zero = _mm256_setzero_si256();
-    // A zero factor means "no scaling" to Over16, which tests it once per step.
-    v.k = k == 255 ? v.zero : _mm256_set1_epi16(int16_t(k));
+    v.gather = _mm256_setr_epi32(0, 1, 2, 4, 2, 4, 5, 6);
+    v.lowBytes = _mm256_set1_epi16(0x00FF);
+    v.k = _mm256_set1_epi16(int16_t(k));
     v.alphaBytes = _mm256_set1_epi32(int32_t(0xFF000000u));
     v.plain = k == 255;
     int i = 0;

@@ -14,9 +14,9 @@ namespace qpt::blend_detail {
 
 namespace {
 
+// IEDiv255 as (x + 128) * 257 / 65536, exact below 65536 (see IEBlend.cpp).
 QPT_WIDE inline __m512i Div255(__m512i x) {
-    const __m512i r = _mm512_add_epi16(x, _mm512_set1_epi16(128));
-    return _mm512_srli_epi16(_mm512_add_epi16(r, _mm512_srli_epi16(r, 8)), 8);
+    return _mm512_mulhi_epu16(_mm512_add_epi16(x, _mm512_set1_epi16(128)), _mm512_set1_epi16(257));
 }
 
 // c + div255(d * (255 - alpha)) on four 16-bit channels per pixel.
