@@ -163,13 +163,15 @@ void TIEViewCompositor::ComposeImageLayer(TIELayer& layer, const QRect& clip) {
     const TIEBitmap& picture = *layer.Bitmap();
     if (picture.Width() < 1 || layer.Width <= 0 || layer.Height <= 0) return;
     const double fx = picture.Width() / layer.Width, fy = picture.Height() / layer.Height;
-    const int64_t px = int64_t(std::lround(layer.PosX)) << 16, py = int64_t(std::lround(layer.PosY))
-                                                                    << 16;
+    const int64_t px = int64_t(std::lround(layer.PosX)) << 16;
+    const int64_t py = int64_t(std::lround(layer.PosY)) << 16;
     TIESampleTable xs(size_t(clip.width())), ys(size_t(clip.height()));
     for (int i = 0; i < clip.width(); ++i)
-        xs[size_t(i)] = int64_t((Mapping.SourceX(clip.left() + i - Mapping.OffsetX()) - px) * fx);
+        xs[size_t(i)] =
+            int64_t(double(Mapping.SourceX(clip.left() + i - Mapping.OffsetX()) - px) * fx);
     for (int j = 0; j < clip.height(); ++j)
-        ys[size_t(j)] = int64_t((Mapping.SourceY(clip.top() + j - Mapping.OffsetY()) - py) * fy);
+        ys[size_t(j)] =
+            int64_t(double(Mapping.SourceY(clip.top() + j - Mapping.OffsetY()) - py) * fy);
     const bool stretched = Mapping.ZoomX() != 100 || Mapping.ZoomY() != 100 || fx != 1 || fy != 1;
     const auto* image = static_cast<const TIEImageLayer*>(&layer);
     const TResampleFilter filter = image->UseResampleFilter ? image->ResampleFilter : ZoomFilter;
