@@ -74,8 +74,8 @@ void TIEPolylineLayer::PaintToBitmap(TIEBitmap& dest, int width, int height) {
     std::vector<QPointF> scaled;
     scaled.reserve(points_.size());
     for (QPointF p : points_)
-        scaled.emplace_back(sx ? inset + (p.x() - minX) * sx : width / 2.0,
-                            sy ? inset + (p.y() - minY) * sy : height / 2.0);
+        scaled.emplace_back(sx != 0 ? inset + (p.x() - minX) * sx : width / 2.0,
+                            sy != 0 ? inset + (p.y() - minY) * sy : height / 2.0);
     canvas.SmoothingMode = AntiAlias ? iesmAntiAlias : iesmNone;
     canvas.Pen = TIEPen{BorderColor, BorderColor == clNone ? 0 : pen, 255};
     if (PolylineClosed) {

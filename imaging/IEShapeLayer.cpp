@@ -131,7 +131,8 @@ void TIEShapeLayer::PaintOutline(TIECanvas& canvas, int width, int height, int p
         if (PolygonCache.empty()) PolygonCache = BoxOutline1000();
         points = PolygonCache;
     }
-    const double inset = (pen + 1) / 2;
+    // The pen stays inside the box: an inset of half the pen, rounded up to whole pixels.
+    const double inset = double((pen + 1) / 2);
     const double sx = (width - 2 * inset) / fromW, sy = (height - 2 * inset) / fromH;
     const QPointF centre(width / 2.0, height / 2.0);
     const double a = -Rotate * M_PI / 180, c = std::cos(a), s = std::sin(a);

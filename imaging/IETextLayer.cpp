@@ -66,7 +66,7 @@ void TIETextLayer::MeasureIfAutoSized() {
     for (const QString& line : lines)
         widest = std::max(widest, metrics.horizontalAdvance(line));
     Width = std::ceil(widest + 2 * (kSpacingX + HorzMargin));
-    Height = std::ceil(metrics.lineSpacing() * lines.size() + 2 * (kSpacingY + VertMargin));
+    Height = std::ceil(metrics.lineSpacing() * double(lines.size()) + 2 * (kSpacingY + VertMargin));
 }
 
 void TIETextLayer::PaintToBitmap(TIEBitmap& dest, int width, int height) {

@@ -102,13 +102,13 @@ int TIEViewMapping::YScr2Bmp(int y) const {
 int TIEViewMapping::XBmp2Scr(int x) const {
     const int i = x - viewBmpX_;
     if (i >= 0 && i < int(bmpToScrX_.size())) return bmpToScrX_[size_t(i)] + offsetX_;
-    return int(std::lround((x + std::lround(-viewX_ * zoom100DX_)) * zoomD100X_ + offsetX_));
+    return int(std::lround(double(x + std::lround(-viewX_ * zoom100DX_)) * zoomD100X_ + offsetX_));
 }
 
 int TIEViewMapping::YBmp2Scr(int y) const {
     const int i = y - viewBmpY_;
     if (i >= 0 && i < int(bmpToScrY_.size())) return bmpToScrY_[size_t(i)] + offsetY_;
-    return int(std::lround((y + std::lround(-viewY_ * zoom100DY_)) * zoomD100Y_ + offsetY_));
+    return int(std::lround(double(y + std::lround(-viewY_ * zoom100DY_)) * zoomD100Y_ + offsetY_));
 }
 
 }  // namespace qpt
