@@ -29,7 +29,6 @@ public:
     Q_DECLARE_FLAGS(TSliderOptions, TSliderOption)
     Q_FLAG(TSliderOptions)
 
-    static constexpr quint32 kBtnFace = clSystemColor | 15;
     static constexpr int kRepeatInterval = 100;
     static constexpr int kRepeatDelay = 500;
 
@@ -143,7 +142,7 @@ private:
     bool readOnly_ = false;
     bool transparent_ = false;
     bool doubleBuffered_ = false;
-    quint32 color_ = kBtnFace;
+    quint32 color_ = clBtnFace;
 
     TRdPictureProperty* hThumb_;
     TRdPictureProperty* hRuler_;

@@ -19,9 +19,6 @@ class TRdPanel : public TRdCustomControl {
     Q_PROPERTY(bool ColorToVert READ ColorToVert WRITE SetColorToVert)
 
 public:
-    // System colour 15: the face of buttons and panels.
-    static constexpr quint32 kBtnFace = clSystemColor | 15;
-
     explicit TRdPanel(QWidget* parent = nullptr);
 
     QString Caption() const { return caption_; }
@@ -43,7 +40,7 @@ private:
     void Change(T& field, const T& value);
 
     QString caption_;
-    quint32 color_ = kBtnFace;
+    quint32 color_ = clBtnFace;
     quint32 colorTo_ = clDefault;
     bool colorToVert_ = false;
 };

@@ -15,6 +15,7 @@ inline constexpr quint32 clBackground = clSystemColor | 1;
 inline constexpr quint32 clWindow = clSystemColor | 5;
 inline constexpr quint32 clWindowFrame = clSystemColor | 6;
 inline constexpr quint32 clWindowText = clSystemColor | 8;
+inline constexpr quint32 clBtnFace = clSystemColor | 15;
 inline constexpr quint32 clHighlight = clSystemColor | 13;
 inline constexpr quint32 clHighlightText = clSystemColor | 14;
 inline constexpr quint32 clGrayText = clSystemColor | 17;
