@@ -144,12 +144,13 @@ void TIEViewCompositor::ComposeLayer(TIELayer& layer, const QRect& area) {
     // Runs are short and scattered, so each one would wait for memory; the
     // rows a little ahead are asked for while this one is blended.
     constexpr int kRowsAhead = 6;
+    // The back buffer row of cache row sy + y, placed so that cache column x is at 3 x.
+    auto backRow = [&](int y) { return back_.Scanline(clip.top() + y) + 3 * (clip.left() - sx); };
     for (int y = 0; y < clip.height(); ++y) {
-        uint8_t* dst = back_.Scanline(clip.top() + y) + 3 * (clip.left() - sx);
+        uint8_t* dst = backRow(y);
         const uint8_t* src = cache->Scanline(sy + y);
         if (y + kRowsAhead < clip.height())
-            PrefetchRuns(*cache, sy + y + kRowsAhead, runs, sx, sxEnd,
-                         back_.Scanline(clip.top() + y + kRowsAhead) + 3 * (clip.left() - sx));
+            PrefetchRuns(*cache, sy + y + kRowsAhead, runs, sx, sxEnd, backRow(y + kRowsAhead));
         for (auto [run, end] = runs.Row(sy + y); run != end; ++run) {
             const int b = std::max(run->begin, sx), e = std::min(run->end, sxEnd);
             if (b < e) IEBlendPremulRow(dst + 3 * b, src + 4 * b, e - b, k);
