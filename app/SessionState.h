@@ -3,12 +3,12 @@
 #include <QString>
 #include <cstdint>
 
+#include "support/color/ColorNames.h"
+
 // The state of the one annotation session this process serves. The forms read
 // and write these values directly; they start from their defaults at load time
 // and are never persisted.
 namespace qpt {
-
-using TColor = std::uint32_t;  // 0x00BBGGRR
 
 // Tool ids: 1 rectangle, 2 oval, 3 paintbrush, 4 text, 6 line, 7 arrow,
 // 8 pixelation; 9 means nothing has been chosen yet.

@@ -2,14 +2,9 @@
 
 #include <cstdint>
 
-namespace qpt {
+#include "support/color/ColorNames.h"
 
-// A colour in the layout 0x00BBGGRR.
-using TColor = uint32_t;
-inline constexpr TColor clNone = 0x1FFFFFFF;
-inline constexpr TColor clBlack = 0x000000;
-inline constexpr TColor clWhite = 0xFFFFFF;
-inline constexpr TColor clRed = 0x0000FF;
+namespace qpt {
 
 inline constexpr uint8_t ColorR(TColor c) {
     return uint8_t(c & 0xFF);

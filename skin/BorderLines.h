@@ -1,7 +1,7 @@
 #pragma once
 
 #include "skin/ChangeNotifier.h"
-#include "skin/StandardColors.h"
+#include "support/color/ColorNames.h"
 
 namespace qpt {
 

@@ -2,15 +2,11 @@
 
 #include "skin/ColorId.h"
 #include "skin/RdLog.h"
-#include "skin/StandardColors.h"
+#include "support/color/ColorNames.h"
 
 namespace qpt {
 
 namespace {
-
-bool IsSystemColor(quint32 value) {
-    return (value >> 24) == 0xFF && (value & 0xFFFFFF) <= 0xFF;
-}
 
 bool SameWord(const QString& a, QLatin1StringView b) {
     return a.compare(b, Qt::CaseInsensitive) == 0;

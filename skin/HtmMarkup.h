@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "skin/StandardColors.h"
+#include "support/color/ColorNames.h"
 
 namespace qpt {
 

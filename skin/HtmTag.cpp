@@ -1,7 +1,7 @@
 #include "skin/HtmTag.h"
 
 #include "skin/ColorValue.h"
-#include "skin/StandardColors.h"
+#include "support/color/ColorNames.h"
 
 namespace qpt {
 

@@ -7,7 +7,7 @@
 #include "skin/RdGraphic.h"
 #include "skin/SkinDraw.h"
 #include "skin/SkinQColor.h"
-#include "skin/StandardColors.h"
+#include "support/color/ColorNames.h"
 
 namespace qpt {
 

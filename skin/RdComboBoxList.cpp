@@ -9,7 +9,7 @@
 
 #include "skin/FillSkinRect.h"
 #include "skin/SkinQColor.h"
-#include "skin/StandardColors.h"
+#include "support/color/ColorNames.h"
 
 namespace qpt {
 

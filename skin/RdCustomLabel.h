@@ -7,7 +7,7 @@
 #include "skin/LabelText.h"
 #include "skin/RdGraphicControl.h"
 #include "skin/RdPictureProperty.h"
-#include "skin/StandardColors.h"
+#include "support/color/ColorNames.h"
 
 namespace qpt {
 

@@ -7,7 +7,7 @@
 #include "skin/RdCustomControl.h"
 #include "skin/RdPictureProperty.h"
 #include "skin/SliderMapping.h"
-#include "skin/StandardColors.h"
+#include "support/color/ColorNames.h"
 
 namespace qpt {
 

@@ -7,7 +7,7 @@
 #include "skin/RdFont.h"
 #include "skin/RdPictureProperty.h"
 #include "skin/RdSkinClass.h"
-#include "skin/StandardColors.h"
+#include "support/color/ColorNames.h"
 
 namespace qpt {
 

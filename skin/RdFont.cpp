@@ -5,7 +5,7 @@
 #include <cmath>
 
 #include "skin/ColorTable.h"
-#include "skin/StandardColors.h"
+#include "support/color/ColorNames.h"
 
 namespace qpt {
 

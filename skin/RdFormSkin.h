@@ -11,7 +11,7 @@
 #include "skin/RdPictureProperty.h"
 #include "skin/RdSkinClass.h"
 #include "skin/ShadowFrame.h"
-#include "skin/StandardColors.h"
+#include "support/color/ColorNames.h"
 
 class QPainter;
 class QPaintEvent;

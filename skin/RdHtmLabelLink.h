@@ -4,7 +4,7 @@
 #include <QString>
 
 #include "skin/RdFont.h"
-#include "skin/StandardColors.h"
+#include "support/color/ColorNames.h"
 
 namespace qpt {
 

@@ -11,7 +11,7 @@
 #include "skin/DesignRectProperty.h"
 #include "skin/RdGraphicControl.h"
 #include "skin/RdPictureProperty.h"
-#include "skin/StandardColors.h"
+#include "support/color/ColorNames.h"
 
 class QHelpEvent;
 

@@ -10,7 +10,7 @@
 #include "skin/RdMenuForm.h"
 #include "skin/RdSkinMenu.h"
 #include "skin/SkinQColor.h"
-#include "skin/StandardColors.h"
+#include "support/color/ColorNames.h"
 
 namespace qpt {
 

@@ -4,7 +4,7 @@
 #include <functional>
 
 #include "skin/RdCustomControl.h"
-#include "skin/StandardColors.h"
+#include "support/color/ColorNames.h"
 
 namespace qpt {
 

@@ -7,13 +7,12 @@
 
 #include "skin/RdMenuCtrl.h"
 #include "skin/RdMenuForm.h"
-#include "skin/StandardColors.h"
+#include "support/color/ColorNames.h"
 
 namespace qpt {
 
 namespace {
 
-constexpr quint32 kClGray = 0x808080;
 constexpr int kMetricLimit = 10000;
 
 QRect AvailableAt(const QPoint& pos) {
@@ -56,7 +55,7 @@ TRdSkinMenu::TRdSkinMenu(QObject* parent)
       formBorder_(new TDesignRectProperty(this)),
       pictureShadowOpt_(new TDesignRectProperty(this)),
       allSkin_(new TRdSkinClass(this)) {
-    fontDisabled_->SetColor(kClGray);
+    fontDisabled_->SetColor(clGray);
     for (TRdFont* font : {fontNormal_, fontHighLight_, fontDisabled_}) {
         allSkin_->AddChild(font->AllSkin());
         connect(font, &TRdFont::Changed, this, &TRdSkinMenu::Refresh);

@@ -1,7 +1,7 @@
 #include "skin/SkinQColor.h"
 
 #include "skin/ColorTable.h"
-#include "skin/StandardColors.h"
+#include "support/color/ColorNames.h"
 
 namespace qpt {
 

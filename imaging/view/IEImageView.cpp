@@ -40,9 +40,8 @@ TIEImageView::TIEImageView(QWidget* parent)
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMouseTracking(true);
     setFocusPolicy(Qt::ClickFocus);
-    compositor_.Background = clBtnFace;
     compositor_.ZoomFilter = zoomFilter_;
-    layers_.BackgroundColor = clBtnFace;
+    ApplyBackground();
     layers_.AutoFixBorders = layerOptions_ & loAutoFixBorders;
     layers_.OnSaveObjectsUndo = [this] { Proc()->SaveUndo(ieuObjectsAndLayers); };
     layers_.OnLayerNotifyEx = [this](int index, TIELayerEvent event) {
@@ -60,10 +59,17 @@ TIEImageView::~TIEImageView() {
 }
 
 void TIEImageView::SetBackground(TColor color) {
-    compositor_.Background = color;
-    layers_.BackgroundColor = color;
+    background_ = color;
+    ApplyBackground();
     compositor_.Invalidate();
     Update();
+}
+
+// The engine paints plain colours; a system colour is looked up here.
+void TIEImageView::ApplyBackground() {
+    const TColor plain = ResolveSystemColor(background_);
+    compositor_.Background = plain;
+    layers_.BackgroundColor = plain;
 }
 
 void TIEImageView::SetCenter(bool center) {
@@ -173,7 +179,7 @@ void TIEImageView::paintEvent(QPaintEvent* event) {
             painter.drawImage(QPoint(inside.left(), y), part);
         }
         for (const QRect& rest : QRegion(r) - backRect)
-            painter.fillRect(rest, IETextQColor(Background()));
+            painter.fillRect(rest, IETextQColor(compositor_.Background));
     }
 }
 

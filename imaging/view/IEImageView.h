@@ -22,9 +22,6 @@ enum TIEBorderStyle : uint8_t { bsNone, bsSingle };
 enum TIEMouseWheelAction : uint8_t { iemwNone, iemwVScroll, iemwZoom, iemwNavigate, iemwZoomView };
 enum TIELayersFastDrawing : uint8_t { iefFast, iefDelayed, iefNormal };
 
-// The face colour of buttons and forms, the view's background by default.
-inline constexpr TColor clBtnFace = 0xF0F0F0;
-
 // The control that shows the picture with its layers. It owns the layer
 // list, the undo store and the picture input, maps the mouse between the
 // screen and the bitmap, and hands the mouse to its tools in bitmap pixels.
@@ -45,7 +42,8 @@ public:
     bool EnableAlphaChannel = true;
     bool EnableInteractionHints = true;
 
-    TColor Background() const { return compositor_.Background; }
+    // The face colour of buttons and forms by default.
+    TColor Background() const { return background_; }
     void SetBackground(TColor color);
     bool Center() const { return center_; }
     void SetCenter(bool center);
@@ -155,6 +153,7 @@ private:
     QRegion Compose();
     void ApplyCursor();
     void ToolsChanged();
+    void ApplyBackground();
 
     TIELayerList layers_;
     TIELayerUndoTarget undoTarget_;
@@ -164,6 +163,7 @@ private:
     TIEMouseInteractions mouse_{*this};
     TIETextControl* editor_ = nullptr;
 
+    TColor background_ = clBtnFace;
     TResampleFilter zoomFilter_ = rfNone;
     bool center_ = true;
     bool legacyBitmap_ = false;

@@ -3,7 +3,7 @@
 #include "skin/ColorId.h"
 #include "skin/ColorTable.h"
 #include "skin/ColorValue.h"
-#include "skin/StandardColors.h"
+#include "support/color/ColorNames.h"
 
 namespace qpt {
 namespace {

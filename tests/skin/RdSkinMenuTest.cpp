@@ -11,7 +11,7 @@
 #include "skin/RdMenuCtrl.h"
 #include "skin/RdMenuForm.h"
 #include "skin/RdSkinMenu.h"
-#include "skin/StandardColors.h"
+#include "support/color/ColorNames.h"
 #include "tests/skin/RealSkin.h"
 #include "tests/skin/SendInput.h"
 

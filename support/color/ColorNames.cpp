@@ -1,4 +1,4 @@
-#include "skin/StandardColors.h"
+#include "support/color/ColorNames.h"
 
 #include <QGuiApplication>
 #include <QPalette>
@@ -8,7 +8,7 @@ namespace qpt {
 
 namespace {
 
-constexpr quint32 Sys(quint32 index) {
+constexpr TColor Sys(TColor index) {
     return clSystemColor | index;
 }
 
@@ -68,7 +68,7 @@ constexpr std::array<StandardColor, 52> kStandard{{
 }};
 
 struct SystemEntry {
-    quint32 fallback;  // used without an application palette
+    TColor fallback;  // used without an application palette
     QPalette::ColorGroup group;
     QPalette::ColorRole role;
 };
@@ -117,13 +117,17 @@ std::span<const StandardColor> StandardColors() {
     return kStandard;
 }
 
-quint32 SystemColor(int index) {
+TColor SystemColor(int index) {
     if (index < 0 || index >= int(kSystem.size())) return 0;
     const SystemEntry& entry = kSystem[index];
     if (entry.role == kNoRole || !qobject_cast<QGuiApplication*>(QCoreApplication::instance()))
         return entry.fallback;
     const QColor c = QGuiApplication::palette().color(entry.group, entry.role);
-    return quint32(c.red()) | quint32(c.green()) << 8 | quint32(c.blue()) << 16;
+    return TColor(c.red()) | TColor(c.green()) << 8 | TColor(c.blue()) << 16;
+}
+
+TColor ResolveSystemColor(TColor value) {
+    return IsSystemColor(value) ? SystemColor(int(value & 0xFF)) : value;
 }
 
 }  // namespace qpt
