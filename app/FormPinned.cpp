@@ -11,7 +11,8 @@
 #include "app/CommandLine.h"
 #include "app/HandOver.h"
 #include "app/PinnedSkin.h"
-#include "app/SessionState.h"
+#include "app/session/SessionForms.h"
+#include "app/session/SessionState.h"
 #include "imaging/IEImageLayer.h"
 #include "imaging/IEImageProc.h"
 #include "imaging/IERetouchToolInteraction.h"
@@ -79,6 +80,9 @@ TFormPinned::TFormPinned(const QStringList& arguments, QWidget* parent)
     RdSB_ImageFont->setWidget(Image_Front);
     RdSB_ImageFont->setWidgetResizable(false);
 
+    qpt::FormPinned = this;
+    qpt::Image_Front = Image_Front;
+
     Image_Front->OnMouseDown = [this](Qt::MouseButton b, int x, int y) {
         Image_FrontMouseDown(b, x, y);
     };
@@ -93,6 +97,12 @@ TFormPinned::TFormPinned(const QStringList& arguments, QWidget* parent)
                 applicationActive_ = active;
                 WMACTIVATEAPP(active);
             });
+}
+
+TFormPinned::~TFormPinned() {
+    if (qpt::FormPinned != this) return;
+    qpt::FormPinned = nullptr;
+    qpt::Image_Front = nullptr;
 }
 
 void TFormPinned::FormCreate() {

@@ -21,6 +21,7 @@ class TFormPinned : public QWidget {
     Q_OBJECT
 public:
     explicit TFormPinned(const QStringList& arguments, QWidget* parent = nullptr);
+    ~TFormPinned() override;
 
     // Reads the hand-over, loads the picture and sizes the window; ends the
     // process when there is no picture.

@@ -8,15 +8,19 @@
 
 namespace qpt {
 
+TFormPinned* CreateSessionForms(const QStringList& arguments) {
+    // The forms live as long as the process; it never ends through them.
+    auto* pinned = new TFormPinned(arguments);
+    pinned->FormCreate();
+    return pinned;
+}
+
 bool CreateForms(const QStringList& arguments) {
     const THandOver handOver = ReadHandOver();
     if (!HandOverPictureExists(handOver)) ProcessExit(0);
     // Picture stores and undo steps go to the same private folder.
     IESetTempFolder(GetTempFolder());
-    // The forms live as long as the process; it never ends through them.
-    auto* pinned = new TFormPinned(arguments);
-    pinned->FormCreate();
-    pinned->show();
+    CreateSessionForms(arguments)->show();
     return true;
 }
 

@@ -1,13 +1,16 @@
 #pragma once
 
 #include <QRect>
+#include <QStringList>
 #include <functional>
 
 namespace qpt {
 
-// What the pinned window asks of the floating bars and the small forms. A
-// call that is not set stands for a form that does not exist, which the
-// window tests before every use; the bars fill these in as they are made.
+// What the pinned window asks of the floating bars and the small forms. The
+// window tests each call before use, so that it works before the other forms
+// exist; once all of them are made, every call must be set
+// (MissingHooks), since an empty one would silently swallow what the window
+// asks for.
 struct TPinnedBars {
     // TFormTools
     std::function<bool()> ToolsVisible;
@@ -30,6 +33,9 @@ struct TPinnedBars {
 
     bool ToolsExist() const { return bool(ShowTools); }
     bool SavePathExists() const { return bool(HideSavePath); }
+    // The names of the calls that are still empty, in the order above.
+    QStringList MissingHooks() const;
+
     static bool Ask(const std::function<bool()>& question) { return question && question(); }
     static void Call(const std::function<void()>& action) {
         if (action) action();

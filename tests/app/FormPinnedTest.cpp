@@ -10,25 +10,14 @@
 
 #include "app/FormPinned.h"
 #include "app/ScreenLayout.h"
-#include "app/SessionState.h"
+#include "app/session/SessionState.h"
 #include "imaging/IEImageLayer.h"
 #include "imaging/view/IEImageView.h"
-#include "support/MainIni.h"
-#include "support/Paths.h"
+#include "tests/app/InProcessPin.h"
 #include "tests/common/ScratchHome.h"
 
 namespace qpt {
 namespace {
-
-QApplication& App() {
-    static int argc = 1;
-    static char name[] = "app_tests";
-    static char* argv[] = {name, nullptr};
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    // Never destroyed: at exit Qt's input devices would go after their owner.
-    static QApplication* app = new QApplication(argc, argv);
-    return *app;
-}
 
 TEST(ScreenLayout, WholeScreenOnOneMonitorMeansTheScreenAtTheOrigin) {
     const TScreenLayout one{
@@ -52,20 +41,14 @@ TEST(ScreenLayout, WholeScreenOnTwoMonitorsMeansEitherMonitorOrTheDesktop) {
 class FormPinnedTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        App();
+        testing::MakeTestApplication();
         limit = QGuiApplication::primaryScreen()->geometry().height() * 8 / 10;
         ToolArmed = 0;
         FolderDialogOpen = 0;
         SaveInProgress = 0;
     }
     std::unique_ptr<TFormPinned> Pin(QSize picture, QRect rect) {
-        QImage image(picture, QImage::Format_RGB888);
-        image.fill(Qt::darkCyan);
-        EXPECT_TRUE(image.save(GetTempFolder() + "QPTPinTemp.bmp", "BMP"));
-        WriteMainIni("StartPin", "Left", QString::number(rect.left()));
-        WriteMainIni("StartPin", "Top", QString::number(rect.top()));
-        WriteMainIni("StartPin", "Right", QString::number(rect.left() + rect.width()));
-        WriteMainIni("StartPin", "Bottom", QString::number(rect.top() + rect.height()));
+        testing::WriteHandOver(testing::PlainPicture(picture), rect);
         auto form = std::make_unique<TFormPinned>(QStringList{"QptPin", "/QPTMain"});
         form->FormCreate();
         form->show();

@@ -1,4 +1,4 @@
-#include "app/SessionState.h"
+#include "app/session/SessionState.h"
 
 namespace qpt {
 

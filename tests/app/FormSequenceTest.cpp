@@ -1,0 +1,39 @@
+// All forms of the session made in process: every call the pinned window
+// makes on the other forms must be answered once they exist.
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "app/FormPinned.h"
+#include "app/FormSequence.h"
+#include "app/session/SessionForms.h"
+#include "tests/app/InProcessPin.h"
+#include "tests/common/ScratchHome.h"
+
+namespace qpt {
+namespace {
+
+// The calls answered by forms that are not built yet. The work that builds
+// such a form wires its calls and takes their names off this list; a call
+// left empty by a form that exists fails the test.
+const QStringList kCallsOfFormsNotBuiltYet = {
+    "ToolsVisible",     "UpdateBarLayout",   "ShowTools",      "HideTools",       "InitPicSave",
+    "ResetToolButtons", "SmallToolsVisible", "HideSmallTools", "RaiseSmallTools", "SavePathVisible",
+    "HideSavePath",     "RaiseSavePath",     "MsgVisible",
+};
+
+TEST(FormSequence, EveryCallOfThePinnedWindowIsAnsweredOnceAllFormsExist) {
+    testing::MakeTestApplication();
+    testing::ScratchHome home;
+    testing::WriteHandOver(testing::PlainPicture(QSize(120, 80)), QRect(40, 50, 120, 80));
+    std::unique_ptr<TFormPinned> pinned(CreateSessionForms({"QptPin", "/QPTMain"}));
+    EXPECT_EQ(pinned->Bars.MissingHooks(), kCallsOfFormsNotBuiltYet);
+    EXPECT_EQ(FormPinned, pinned.get());
+    EXPECT_EQ(Image_Front, pinned->Image_Front);
+    pinned.reset();
+    EXPECT_EQ(FormPinned, nullptr) << "a form that goes leaves no stale variable";
+    EXPECT_EQ(Image_Front, nullptr);
+}
+
+}  // namespace
+}  // namespace qpt
