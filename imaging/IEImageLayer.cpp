@@ -6,12 +6,14 @@
 
 namespace qpt {
 
-TIEImageLayer::TIEImageLayer(TIELayerList* owner, int width, int height, TColor background)
-    : TIELayer(ielkImage, owner) {
+TIEImageLayer::TIEImageLayer(TIELayerList* owner) : TIELayer(ielkImage, owner) {
     BorderColor = clNone;
     BorderWidth = 1;
-    if (width > 0 && height > 0 && picture_.Allocate(width, height, ie24RGB))
-        picture_.Fill(background);
+    FitToBitmap();
+}
+
+void TIEImageLayer::Blank(int width, int height, TColor color) {
+    if (picture_.Allocate(width, height, ie24RGB)) picture_.Fill(color);
     FitToBitmap();
 }
 

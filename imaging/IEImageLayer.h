@@ -7,9 +7,7 @@ namespace qpt {
 // A layer that carries pixels of its own; layer 0, the picture, is one.
 class TIEImageLayer : public TIELayer {
 public:
-    // Fills a fresh bitmap of the given size with background (0x00BBGGRR);
-    // a size of 0 leaves the bitmap empty.
-    TIEImageLayer(TIELayerList* owner, int width = 0, int height = 0, TColor background = clWhite);
+    explicit TIEImageLayer(TIELayerList* owner);
 
     TResampleFilter ResampleFilter = rfFastLinear;
     bool UseResampleFilter = false;
@@ -18,6 +16,8 @@ public:
     const TIEBitmap& Picture() const { return picture_; }
     // Makes Width and Height follow the bitmap, as after loading a picture.
     void FitToBitmap();
+    // A blank sheet of the given size in colour (0x00BBGGRR), fitted to it.
+    void Blank(int width, int height, TColor color);
 
     void SaveToStream(QDataStream& out, bool withPixels) const override;
     void LoadFromStream(QDataStream& in) override;

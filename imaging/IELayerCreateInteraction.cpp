@@ -1,7 +1,5 @@
 #include "imaging/IELayerCreateInteraction.h"
 
-#include <QFontMetricsF>
-#include <QGuiApplication>
 #include <cmath>
 #include <cstdlib>
 
@@ -9,23 +7,9 @@
 #include "imaging/IEImageProc.h"
 #include "imaging/IELayerHitTest.h"
 #include "imaging/IELayerList.h"
-#include "imaging/IETextLayer.h"
+#include "imaging/IEShapeLayer.h"
 
 namespace qpt {
-
-namespace {
-
-// Height of one line of the layer's font, as the text box draws it.
-double TextLineHeight(const TIETextLayer& text) {
-    if (!qGuiApp) return 0;  // no font database without a GUI application
-    QFont font(text.Font.Name);
-    font.setPixelSize(std::max(1, int(std::lround(text.Font.Size * 96.0 / 72.0))));
-    font.setBold(text.Font.Bold);
-    font.setItalic(text.Font.Italic);
-    return QFontMetricsF(font).height();
-}
-
-}  // namespace
 
 QRect TIELayerCreateInteraction::PictureBox() const {
     const TIELayer& back = Owner().Layers().Background();
@@ -96,9 +80,7 @@ QRect TIELayerCreateInteraction::DragRect(TIEShiftState shift) const {
 
 QRect TIELayerCreateInteraction::MarkerRect(const TIELayer& layer) const {
     const int w = int(layer.Width);
-    int h = int(layer.Height);
-    if (layer.Kind() == ielkText)
-        h = std::max(h, int(TextLineHeight(static_cast<const TIETextLayer&>(layer))) + 5);
+    const int h = std::max(int(layer.Height), layer.MinimumClickHeight());
     return QRect(X1 - w / 2, Y1 - h / 2, w, h);
 }
 
@@ -114,11 +96,8 @@ void TIELayerCreateInteraction::Place(TIEShiftState shift, bool marker) {
     layer.PosY = box.y();
     layer.Width = box.width();
     layer.Height = box.height();
-    if (layer.Kind() == ielkShape) {
-        // The arrow points away from the corner where the drag began.
-        layer.DragStart = Owner().BmpToView(QPoint(X1, Y1));
-        layer.DragEnd = Owner().BmpToView(QPoint(X2, Y2));
-    }
+    // The arrow points away from the corner where the drag began.
+    if (layer.Kind() == ielkShape) static_cast<TIEShapeLayer&>(layer).DragStart = QPoint(X1, Y1);
     layer.Changed(true);
     layers.Notify(newLayer_.Index(), ielCreating);
     Owner().UserInteraction(ieiLayerCreating);

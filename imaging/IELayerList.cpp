@@ -3,7 +3,6 @@
 #include <cmath>
 #include <string>
 
-#include "imaging/IEAngleLayer.h"
 #include "imaging/IEImageCompose.h"
 #include "imaging/IEImageLayer.h"
 #include "imaging/IELineLayer.h"
@@ -15,40 +14,33 @@ namespace qpt {
 
 TIELayerList::TIELayerList() {
     auto picture = std::make_unique<TIEImageLayer>(this);
-    picture->Bitmap()->Allocate(1, 1, ie24RGB);  // an empty picture until one is loaded
-    picture->Bitmap()->Fill(BackgroundColor);
-    picture->FitToBitmap();
-    picture->VisibleBox = false;  // the picture itself never shows a frame
+    picture->Blank(1, 1, BackgroundColor);  // an empty picture until one is loaded
+    picture->VisibleBox = false;            // the picture itself never shows a frame
     picture->EndUpdate();
     layers_.push_back(std::move(picture));
 }
 
 TIELayerList::~TIELayerList() = default;
 
+namespace {
+
+template <class Layer>
+std::unique_ptr<TIELayer> Make(TIELayerList* owner) {
+    return std::make_unique<Layer>(owner);
+}
+
+// By kind, in the order of the kinds.
+constexpr std::unique_ptr<TIELayer> (*kFactories[])(TIELayerList*) = {
+    Make<TIEImageLayer>, Make<TIEShapeLayer>, Make<TIELineLayer>, Make<TIEPolylineLayer>,
+    Make<TIETextLayer>};
+static_assert(std::size(kFactories) == IELayerKindCount);
+
+}  // namespace
+
 std::unique_ptr<TIELayer> TIELayerList::CreateLayer(int kind, TIELayerList* owner) {
-    std::unique_ptr<TIELayer> layer;
-    switch (kind) {
-        case ielkImage:
-            layer = std::make_unique<TIEImageLayer>(owner);
-            break;
-        case ielkShape:
-            layer = std::make_unique<TIEShapeLayer>(owner);
-            break;
-        case ielkLine:
-            layer = std::make_unique<TIELineLayer>(owner);
-            break;
-        case ielkPolyline:
-            layer = std::make_unique<TIEPolylineLayer>(owner);
-            break;
-        case ielkText:
-            layer = std::make_unique<TIETextLayer>(owner);
-            break;
-        case ielkAngle:
-            layer = std::make_unique<TIEAngleLayer>(owner);
-            break;
-        default:
-            throw EIEException("Layer insertion error - Invalid Type: " + std::to_string(kind));
-    }
+    if (kind < 0 || kind >= IELayerKindCount)
+        throw EIEException("Layer insertion error - Invalid Type: " + std::to_string(kind));
+    std::unique_ptr<TIELayer> layer = kFactories[kind](owner);
     layer->ApplyChanges();
     layer->EndUpdate();
     return layer;
@@ -117,17 +109,12 @@ void TIELayerList::Cascade(TIELayer& layer) {
 
 TIELayer* TIELayerList::LayersAdd(int kind, std::optional<QPointF> pos, std::optional<QSizeF> size,
                                   bool saveUndo) {
-    if (kind < 0 || kind >= IELayerKindCount)
-        throw EIEException("Layer insertion error - Invalid Type: " + std::to_string(kind));
+    std::unique_ptr<TIELayer> layer = CreateLayer(kind, this);
     if (saveUndo && OnSaveObjectsUndo) OnSaveObjectsUndo();
-    std::unique_ptr<TIELayer> layer;
     if (kind == ielkImage) {
         const TIEBitmap& picture = Background().Picture();
-        layer = std::make_unique<TIEImageLayer>(this, picture.Width(), picture.Height(),
-                                                BackgroundColor);
-        layer->EndUpdate();
-    } else {
-        layer = CreateLayer(kind, this);
+        static_cast<TIEImageLayer&>(*layer).Blank(picture.Width(), picture.Height(),
+                                                  BackgroundColor);
     }
     if (size) {
         layer->Width = size->width();
@@ -177,7 +164,7 @@ void TIELayerList::ReplaceLayers(std::vector<std::unique_ptr<TIELayer>> layers, 
     SetLayersCurrent(std::clamp(current, 0, LayersCount() - 1));
 }
 
-std::unique_ptr<TIEImageLayer> TIELayerList::ConvertToImageLayer(TIELayer& layer) {
+std::unique_ptr<TIEImageLayer> TIELayerList::ConvertToImageLayer(TIEVectorLayer& layer) {
     const int w = std::max(1, int(std::lround(layer.Width)));
     const int h = std::max(1, int(std::lround(layer.Height)));
     TIEBitmap canvas;
@@ -200,7 +187,7 @@ void TIELayerList::LayersMerge(int index1, int index2, bool removeUpperLayer) {
     if (low < 0 || high >= LayersCount() || low == high) return;
     for (int i : {low, high}) {
         if (layers_[size_t(i)]->Kind() == ielkImage) continue;
-        auto image = ConvertToImageLayer(*layers_[size_t(i)]);
+        auto image = ConvertToImageLayer(static_cast<TIEVectorLayer&>(*layers_[size_t(i)]));
         image->SetOwner(this);
         layers_[size_t(i)] = std::move(image);
     }

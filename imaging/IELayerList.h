@@ -12,6 +12,7 @@
 namespace qpt {
 
 class TIEImageLayer;
+class TIEVectorLayer;
 
 // The ordered layers of one view; layer 0 is the picture and never leaves.
 class TIELayerList {
@@ -65,9 +66,6 @@ public:
     // Called by LayersAdd before anything changes, so that the undo store can
     // record the list.
     std::function<void()> OnSaveObjectsUndo;
-    // Maps a view position (DragStart, DragEnd) to bitmap pixels; the view
-    // replaces the identity with its own tables.
-    std::function<QPointF(QPoint)> ViewToBitmap = [](QPoint p) { return QPointF(p); };
 
     // Client size of the view in bitmap pixels; 50 until the view has a window.
     QSizeF ClientSize{50, 50};
@@ -80,7 +78,7 @@ public:
     bool NeedsUpdate = false;
 
 private:
-    std::unique_ptr<TIEImageLayer> ConvertToImageLayer(TIELayer& layer);
+    std::unique_ptr<TIEImageLayer> ConvertToImageLayer(TIEVectorLayer& layer);
     void Cascade(TIELayer& layer);
 
     std::vector<std::unique_ptr<TIELayer>> layers_;

@@ -3,7 +3,6 @@
 #include <cmath>
 
 #include "imaging/IELayerList.h"
-#include "imaging/IELineLayer.h"
 #include "imaging/IEUndoStore.h"
 
 namespace qpt {
@@ -30,10 +29,7 @@ void TIELayerResizeInteraction::Begin(int layer, TIEGrip grip) {
     grip_ = grip;
     resized_ = false;
     start_ = QRectF(l->PosX, l->PosY, l->Width, l->Height);
-    if (l->Kind() == ielkLine) {
-        lineStart_ = static_cast<const TIELineLayer*>(l)->LineStart;
-        lineEnd_ = static_cast<const TIELineLayer*>(l)->LineEnd;
-    }
+    turnedX_ = turnedY_ = false;
 }
 
 TIELayerResizeInteraction::TEdges TIELayerResizeInteraction::Follow(TIEGrip grip, QPoint at) const {
@@ -97,15 +93,10 @@ void TIELayerResizeInteraction::Write(const TEdges& e) {
     layer.PosY = box.y();
     layer.Width = box.width();
     layer.Height = box.height();
-    if (layer.Kind() == ielkLine) {
-        // The ends keep their place in the box as it turns over.
-        auto mirror = [&](QPointF f) {
-            return QPointF(flipX ? 1 - f.x() : f.x(), flipY ? 1 - f.y() : f.y());
-        };
-        auto& line = static_cast<TIELineLayer&>(layer);
-        line.LineStart = mirror(lineStart_);
-        line.LineEnd = mirror(lineEnd_);
-    }
+    if (flipX != turnedX_ || flipY != turnedY_)
+        layer.TurnOver(flipX != turnedX_, flipY != turnedY_);
+    turnedX_ = flipX;
+    turnedY_ = flipY;
     layer.Changed(true);
 }
 

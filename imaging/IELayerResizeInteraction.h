@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QPoint>
-#include <QPointF>
 #include <QRectF>
 
 #include "imaging/IEViewServices.h"
@@ -9,8 +8,8 @@
 namespace qpt {
 
 // Drags a grip of a layer's frame. The dragged corner or side follows the
-// pointer; dragged past the opposite side the box turns over (a line's ends
-// swap sides with it) and is written normalised.
+// pointer; dragged past the opposite side the box turns over (the layer is
+// told, so that a line's ends swap sides with it) and is written normalised.
 class TIELayerResizeInteraction {
 public:
     explicit TIELayerResizeInteraction(TIEViewServices& view) : view_(view) {}
@@ -35,7 +34,7 @@ private:
     int layer_ = -1;
     TIEGrip grip_ = ieNone;
     QRectF start_;
-    QPointF lineStart_, lineEnd_;
+    bool turnedX_ = false, turnedY_ = false;  // as the layer was last told
     bool resized_ = false;
 };
 

@@ -22,9 +22,8 @@ enum TIELayerKind : uint8_t {
     ielkLine = 2,
     ielkPolyline = 3,
     ielkText = 4,
-    ielkAngle = 5,
 };
-inline constexpr int IELayerKindCount = 6;
+inline constexpr int IELayerKindCount = 5;
 
 // Only these four are set by the application; the rest of the outline table
 // is never shown and is not carried.

@@ -4,10 +4,11 @@
 
 #include "imaging/IECanvas.h"
 #include "imaging/IELayerStreamFormat.h"
+#include "imaging/IEOutlineHit.h"
 
 namespace qpt {
 
-TIELineLayer::TIELineLayer(TIELayerList* owner) : TIELayer(ielkLine, owner) {
+TIELineLayer::TIELineLayer(TIELayerList* owner) : TIEVectorLayer(ielkLine, owner) {
     BorderColor = clBlack;
     FillColor = clWhite;
 }
@@ -23,6 +24,34 @@ void TIELineLayer::SetEndPoints(QPointF from, QPointF to) {
     LineEnd = QPointF((to.x() - PosX) / Width, (to.y() - PosY) / Height);
     LineLength = std::hypot(to.x() - from.x(), to.y() - from.y());
     Changed(true);
+}
+
+void TIELineLayer::SetBorderColor(TColor color) {
+    LineColor = color;
+    TIELayer::SetBorderColor(color);
+}
+
+void TIELineLayer::SetBorderWidth(int32_t width) {
+    LineWidth = width;
+    TIELayer::SetBorderWidth(width);
+}
+
+void TIELineLayer::SetFillColor(TColor color) {
+    LineFillColor = color;
+    TIELayer::SetFillColor(color);
+}
+
+bool TIELineLayer::Hit(QPointF p, double tolerance) const {
+    const QPointF origin(PosX, PosY);
+    auto at = [&](QPointF f) { return origin + QPointF(f.x() * Width, f.y() * Height); };
+    return IESegmentDistance(p, at(LineStart), at(LineEnd)) <=
+           std::max(1, LineWidth) / 2.0 + tolerance;
+}
+
+void TIELineLayer::TurnOver(bool x, bool y) {
+    auto mirror = [&](QPointF f) { return QPointF(x ? 1 - f.x() : f.x(), y ? 1 - f.y() : f.y()); };
+    LineStart = mirror(LineStart);
+    LineEnd = mirror(LineEnd);
 }
 
 void TIELineLayer::PaintToBitmap(TIEBitmap& dest, int width, int height) {

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "imaging/IELayer.h"
+#include "imaging/IEVectorLayer.h"
 
 namespace qpt {
 
 // A straight line between two points given as fractions of the layer box.
-class TIELineLayer : public TIELayer {
+class TIELineLayer : public TIEVectorLayer {
 public:
     explicit TIELineLayer(TIELayerList* owner);
 
@@ -26,7 +26,14 @@ public:
     // Places the box around two bitmap points, leaving room for the pen.
     void SetEndPoints(QPointF from, QPointF to);
 
+    // A line's look lives in its own fields; the common setters reach them.
+    void SetBorderColor(TColor color) override;
+    void SetBorderWidth(int32_t width) override;
+    void SetFillColor(TColor color) override;
+
     void PaintToBitmap(TIEBitmap& dest, int width, int height) override;
+    bool Hit(QPointF p, double tolerance) const override;
+    void TurnOver(bool x, bool y) override;
     void SaveToStream(QDataStream& out, bool withPixels) const override;
     void LoadFromStream(QDataStream& in) override;
 };

@@ -17,14 +17,13 @@ struct TItemKind {
 constexpr TItemKind kCreateItems[] = {
     {mlCreateImageLayers, ielkImage}, {mlCreateShapeLayers, ielkShape},
     {mlCreateLineLayers, ielkLine},   {mlCreatePolylineLayers, ielkPolyline},
-    {mlCreateAngleLayers, ielkAngle}, {mlCreateTextLayers, ielkText},
+    {mlCreateTextLayers, ielkText},
 };
 
 constexpr TItemKind kPointItems[] = {
     {mlClickCreateLineLayers, ielkLine},
     {mlClickCreatePolylineLayers, ielkPolyline},
     {mlDrawCreatePolylineLayers, ielkPolyline},
-    {mlClickCreateAngleLayers, ielkAngle},
 };
 
 // Tools that work on the picture and want no layer selected.

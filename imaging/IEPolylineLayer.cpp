@@ -5,10 +5,11 @@
 
 #include "imaging/IECanvas.h"
 #include "imaging/IELayerStreamFormat.h"
+#include "imaging/IEOutlineHit.h"
 
 namespace qpt {
 
-TIEPolylineLayer::TIEPolylineLayer(TIELayerList* owner) : TIELayer(ielkPolyline, owner) {
+TIEPolylineLayer::TIEPolylineLayer(TIELayerList* owner) : TIEVectorLayer(ielkPolyline, owner) {
     BorderColor = clBlack;
     BorderWidth = 1;
     FillColor = clWhite;
@@ -85,6 +86,23 @@ void TIEPolylineLayer::PaintToBitmap(TIEBitmap& dest, int width, int height) {
     } else {
         canvas.DrawPolyline(scaled);
     }
+}
+
+bool TIEPolylineLayer::Hit(QPointF p, double tolerance) const {
+    if (points_.empty()) return false;
+    // The box is the points' bounds plus the pen, so the first point sits at
+    // its offset inside the box.
+    double minX = points_[0].x(), minY = points_[0].y();
+    for (QPointF q : points_)
+        minX = std::min(minX, q.x()), minY = std::min(minY, q.y());
+    const double pen = std::max(1, BorderWidth);
+    const QPointF origin(PosX + pen / 2 - minX, PosY + pen / 2 - minY);
+    QPolygonF outline;
+    for (QPointF q : points_)
+        outline << origin + q;
+    if (PolylineClosed && FillColor != clNone && outline.containsPoint(p, Qt::OddEvenFill))
+        return true;
+    return IEPolygonEdgeDistance(p, outline, PolylineClosed) <= pen / 2 + tolerance;
 }
 
 void TIEPolylineLayer::SaveToStream(QDataStream& out, bool withPixels) const {

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "imaging/IELayer.h"
+#include "imaging/IEVectorLayer.h"
 
 namespace qpt {
 
 // A freehand stroke: points relative to the first one, joined by straight
 // segments.
-class TIEPolylineLayer : public TIELayer {
+class TIEPolylineLayer : public TIEVectorLayer {
 public:
     explicit TIEPolylineLayer(TIELayerList* owner);
 
@@ -24,6 +24,7 @@ public:
 
     void ApplyChanges() override;
     void PaintToBitmap(TIEBitmap& dest, int width, int height) override;
+    bool Hit(QPointF p, double tolerance) const override;
     void SaveToStream(QDataStream& out, bool withPixels) const override;
     void LoadFromStream(QDataStream& in) override;
 

@@ -3,8 +3,8 @@
 #include <cmath>
 
 #include "imaging/IECanvas.h"
-#include "imaging/IELayerList.h"
 #include "imaging/IELayerStreamFormat.h"
+#include "imaging/IEOutlineHit.h"
 
 namespace qpt {
 
@@ -37,11 +37,17 @@ std::array<QPoint, 6> IEArrowOutline(QPoint tail, QPoint tip, int arrowSize) {
     return {up(tail), up(q2), up(w2), up(tip), up(w1), up(q1)};
 }
 
-TIEShapeLayer::TIEShapeLayer(TIELayerList* owner) : TIELayer(ielkShape, owner) {
+TIEShapeLayer::TIEShapeLayer(TIELayerList* owner) : TIEVectorLayer(ielkShape, owner) {
     BorderColor = clBlack;
     BorderWidth = 1;
     FillColor = clRed;
     FillColor2 = clNone;
+}
+
+// Supersampling costs four times the pixels: above one million destination
+// pixels it would cost too much.
+bool TIEShapeLayer::SupersampledFor(int destWidth, int destHeight) const {
+    return AntiAlias && int64_t(destWidth) * destHeight < 1000000;
 }
 
 int TIEShapeLayer::PenWidthFor(int width) const {
@@ -80,10 +86,9 @@ void TIEShapeLayer::PaintBox(TIECanvas& canvas, int width, int height, int pen) 
 }
 
 void TIEShapeLayer::UpdateArrowDirection() {
-    const QPointF start = Owner() ? Owner()->ViewToBitmap(DragStart) : QPointF(DragStart);
-    const double x = std::trunc(start.x() - PosX), y = std::trunc(start.y() - PosY);
+    const double x = std::trunc(DragStart.x() - PosX), y = std::trunc(DragStart.y() - PosY);
     const double w = std::trunc(Width), h = std::trunc(Height);
-    // A pixel of slack: the view's rounding may put the press next to the corner.
+    // A pixel of slack: the box may be rounded next to the press.
     auto near = [](double a, double b) { return std::fabs(a - b) <= 1; };
     const bool left = near(x, 0), right = near(x, w), top = near(y, 0), bottom = near(y, h);
     if (left && bottom)
@@ -128,8 +133,8 @@ void TIEShapeLayer::PaintOutline(TIECanvas& canvas, int width, int height, int p
         fromW = std::max(1.0, std::round(Width));
         fromH = std::max(1.0, std::round(Height));
     } else {
-        if (PolygonCache.empty()) PolygonCache = BoxOutline1000();
-        points = PolygonCache;
+        if (outline1000_.empty()) outline1000_ = BoxOutline1000();
+        points = outline1000_;
     }
     // The pen stays inside the box: an inset of half the pen, rounded up to whole pixels.
     const double inset = double((pen + 1) / 2);
@@ -148,17 +153,60 @@ void TIEShapeLayer::PaintOutline(TIECanvas& canvas, int width, int height, int p
     canvas.DrawPolygon(points);
 }
 
+// Tail and tip of an arrow or straight line, by the corner the drag began at.
+std::pair<QPointF, QPointF> TIEShapeLayer::Diagonal() const {
+    const QRectF box = QRectF(PosX, PosY, Width, Height).normalized();
+    switch (arrowDirection_) {
+        case 1:
+            return {box.bottomLeft(), box.topRight()};
+        case 3:
+            return {box.topRight(), box.bottomLeft()};
+        case 4:
+            return {box.bottomRight(), box.topLeft()};
+        default:
+            return {box.topLeft(), box.bottomRight()};
+    }
+}
+
+bool TIEShapeLayer::Hit(QPointF p, double tolerance) const {
+    const QRectF box = QRectF(PosX, PosY, Width, Height).normalized();
+    const bool filled = FillColor != clNone;
+    const double reach = std::max(1, BorderWidth) / 2.0 + tolerance;
+    switch (Shape) {
+        case iesEllipse:
+            return IEEllipseHit(box, p, filled, reach);
+        case iesArrow: {
+            const auto [tail, tip] = Diagonal();
+            QPolygonF outline;
+            for (QPoint q : IEArrowOutline(tail.toPoint(), tip.toPoint(), ArrowSize))
+                outline << QPointF(q);
+            return outline.containsPoint(p, Qt::OddEvenFill) ||
+                   IEPolygonEdgeDistance(p, outline, true) <= reach;
+        }
+        case iesLine: {
+            const auto [from, to] = Diagonal();
+            return IESegmentDistance(p, from, to) <= reach;
+        }
+        default:
+            return IERectangleHit(box, p, filled, reach);
+    }
+}
+
 void TIEShapeLayer::SaveToStream(QDataStream& out, bool withPixels) const {
     TIELayer::SaveToStream(out, withPixels);
-    out << quint8(Shape) << qint32(ShapeModifier) << qint32(arrowDirection_);
+    out << quint8(Shape) << qint32(ShapeModifier) << quint8(ArrowSize) << qint32(DragStart.x())
+        << qint32(DragStart.y()) << qint32(arrowDirection_);
 }
 
 void TIEShapeLayer::LoadFromStream(QDataStream& in) {
     TIELayer::LoadFromStream(in);
     Shape = TIEShape(IEReadByte(in, 101));
     ShapeModifier = IEReadInt(in, INT32_MIN, INT32_MAX);
+    ArrowSize = IEReadByte(in, 2);
+    const int x = IEReadInt(in, INT32_MIN, INT32_MAX);
+    DragStart = QPoint(x, IEReadInt(in, INT32_MIN, INT32_MAX));
     arrowDirection_ = IEReadInt(in, 1, 4);
-    PolygonCache.clear();
+    outline1000_.clear();
 }
 
 }  // namespace qpt

@@ -1,6 +1,7 @@
 #include "imaging/IETextLayer.h"
 
 #include <QFontMetricsF>
+#include <QGuiApplication>
 #include <QStringList>
 #include <cmath>
 
@@ -35,7 +36,7 @@ int AlignmentFlags(uint8_t alignment, uint8_t layout) {
 
 }  // namespace
 
-TIETextLayer::TIETextLayer(TIELayerList* owner) : TIELayer(ielkText, owner) {
+TIETextLayer::TIETextLayer(TIELayerList* owner) : TIEVectorLayer(ielkText, owner) {
     BorderColor = clNone;
     FillColor = clNone;
 }
@@ -67,6 +68,12 @@ void TIETextLayer::MeasureIfAutoSized() {
         widest = std::max(widest, metrics.horizontalAdvance(line));
     Width = std::ceil(widest + 2 * (kSpacingX + HorzMargin));
     Height = std::ceil(metrics.lineSpacing() * double(lines.size()) + 2 * (kSpacingY + VertMargin));
+}
+
+int TIETextLayer::MinimumClickHeight() const {
+    // There is no font database without a GUI application.
+    const double line = qGuiApp ? QFontMetricsF(QtFont(Font, 1.0)).height() : 0;
+    return int(line) + 5;
 }
 
 void TIETextLayer::PaintToBitmap(TIEBitmap& dest, int width, int height) {

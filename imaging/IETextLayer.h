@@ -1,10 +1,10 @@
 #pragma once
 
-#include "imaging/IELayer.h"
+#include "imaging/IEVectorLayer.h"
 
 namespace qpt {
 
-class TIETextLayer : public TIELayer {
+class TIETextLayer : public TIEVectorLayer {
 public:
     explicit TIETextLayer(TIELayerList* owner);
 
@@ -23,6 +23,10 @@ public:
     void SetAutoSize(bool on);
     void SetText(const QString& text);
     void SetFont(const TIEFont& font);
+
+    // One line of the font and a little room, so that a click gives a box
+    // that the first line fits in.
+    int MinimumClickHeight() const override;
 
     void PaintToBitmap(TIEBitmap& dest, int width, int height) override;
     void SaveToStream(QDataStream& out, bool withPixels) const override;

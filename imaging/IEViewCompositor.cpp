@@ -10,6 +10,7 @@
 #include "imaging/IEImageLayer.h"
 #include "imaging/IELayerList.h"
 #include "imaging/IEOpaqueRuns.h"
+#include "imaging/IEVectorLayer.h"
 
 namespace qpt {
 
@@ -135,10 +136,11 @@ void TIEViewCompositor::ComposeLayer(TIELayer& layer, const QRect& area) {
     const QRect clip = rect & area;
     if (clip.isEmpty()) return;
     if (layer.Kind() == ielkImage) return ComposeImageLayer(layer, clip);
-    const TIEBitmap* cache = layer.CacheFor(rect.width(), rect.height());
+    auto& drawn = static_cast<TIEVectorLayer&>(layer);
+    const TIEBitmap* cache = drawn.CacheFor(rect.width(), rect.height());
     if (!cache) return;
     const int k = IELayerOpacity(layer.Opacity, layer.Transparency);
-    const TIEOpaqueRuns& runs = layer.CacheRuns();
+    const TIEOpaqueRuns& runs = drawn.CacheRuns();
     const int sx = clip.left() - rect.left(), sy = clip.top() - rect.top();
     const int sxEnd = sx + clip.width();
     // Runs are short and scattered, so each one would wait for memory; the
@@ -184,10 +186,13 @@ void TIEViewCompositor::ComposeImageLayer(TIELayer& layer, const QRect& clip) {
 QRegion TIEViewCompositor::Cover(TIELayer& layer, const Shown& shown) const {
     const QRect r = layer.ClientRect;
     QRegion cover;
-    if (shown.drawn && layer.Kind() == ielkImage)
+    if (shown.drawn && layer.Kind() == ielkImage) {
         cover = r;
-    else if (shown.drawn && layer.CacheFor(r.width(), r.height()))
-        cover = layer.CacheRuns().Coverage(r.topLeft(), kCoverTile);
+    } else if (shown.drawn) {
+        auto& drawn = static_cast<TIEVectorLayer&>(layer);
+        if (drawn.CacheFor(r.width(), r.height()))
+            cover = drawn.CacheRuns().Coverage(r.topLeft(), kCoverTile);
+    }
     // The frame and grips lie in a ring around the layer.
     if (shown.rect != r) {
         const int inset = kGripRadius + 2;

@@ -30,10 +30,6 @@ public:
     virtual double ZoomD100() const { return 1.0; }
     // The client area in bitmap pixels; drags are held inside it.
     virtual QRect ClientBitmapRect() const = 0;
-    // A bitmap point in view coordinates, as the shapes record their drag.
-    virtual QPoint BmpToView(QPoint p) const {
-        return QPoint(int(p.x() * ZoomD100()), int(p.y() * ZoomD100()));
-    }
     // The view's fixed-aspect flag: Shift without the key.
     virtual bool FixedAspect() const { return false; }
 

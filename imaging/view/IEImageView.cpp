@@ -47,7 +47,6 @@ TIEImageView::TIEImageView(QWidget* parent)
     layers_.OnLayerNotifyEx = [this](int index, TIELayerEvent event) {
         if (OnLayerNotifyEx) OnLayerNotifyEx(index, event);
     };
-    layers_.ViewToBitmap = [this](QPoint p) { return QPointF(BitmapPos(p)); };
     layers_.Background().VisibleBox = false;
 
     ApplyCursor();

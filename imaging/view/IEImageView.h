@@ -132,7 +132,6 @@ public:
     // TIEViewServices for the tools.
     double ZoomD100() const override { return mapping().ZoomD100X(); }
     QRect ClientBitmapRect() const override;
-    QPoint BmpToView(QPoint p) const override { return QPoint(XBmp2Scr(p.x()), YBmp2Scr(p.y())); }
     void RepaintBitmapRect(const QRect& rect) override;
     void NewLayer(int index, TIELayerKind kind) override;
     void UserInteraction(TIEUserInteractionEvent event) override;

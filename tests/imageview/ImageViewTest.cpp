@@ -217,6 +217,30 @@ TEST_F(ImageView, ADragWithTheShapeToolMakesALayerInBitmapPixels) {
     EXPECT_NE(shown.pixel(sx, sy + 1), CoordinateColour(view.XScr2Bmp(sx), view.YScr2Bmp(sy + 1)));
 }
 
+// The arrow points away from the corner where the drag began, at a zoom
+// where view and bitmap pixels differ.
+TEST_F(ImageView, AnArrowPointsAlongItsDragAtAnyZoom) {
+    LoadCoordinatePicture(view, 640, 480);
+    view.SetZoom(150);
+    view.show();
+    view.OnNewLayer = [&](int index, TIELayerKind) {
+        static_cast<TIEShapeLayer&>(*view.Layers().GetLayer(index)).Shape = iesArrow;
+    };
+    view.SetCursor(crDefault);
+    view.SetMouseInteractLayers(mlCreateShapeLayers);
+    const std::pair<QPoint, QPoint> drags[] = {{{100, 260}, {300, 60}},
+                                               {{100, 60}, {300, 260}},
+                                               {{300, 60}, {100, 260}},
+                                               {{300, 260}, {100, 60}}};
+    for (int direction = 1; direction <= 4; ++direction) {
+        Drag(drags[direction - 1].first, drags[direction - 1].second);
+        ASSERT_EQ(view.Layers().LayersCount(), direction + 1);
+        auto& arrow = static_cast<TIEShapeLayer&>(*view.Layers().GetLayer(direction));
+        arrow.CacheFor(100, 100);
+        EXPECT_EQ(arrow.ArrowDirection(), direction);
+    }
+}
+
 class TextEditor : public ImageView {
 protected:
     int AddText(const QString& text) {

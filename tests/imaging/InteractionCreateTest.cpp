@@ -62,7 +62,7 @@ TEST_F(CreateTest, LayerComesAtTheFirstAcceptedMoveAndGrowsInThresholdSteps) {
     EXPECT_EQ(view_.Layers().GetLayer(1)->BorderColor, clRed);  // dressed by the application
     EXPECT_EQ(view_.UndoStore().UndoInfo(0)->Source, ieuObjectsAndLayers);
     EXPECT_EQ(Box(1), QRectF(100, 100, 10, 20));
-    EXPECT_EQ(view_.Layers().GetLayer(1)->DragStart, QPoint(100, 100));
+    EXPECT_EQ(static_cast<TIEShapeLayer&>(*view_.Layers().GetLayer(1)).DragStart, QPoint(100, 100));
 
     // Threshold against the last accepted point (110, 120), not the start.
     tool_.MouseMove(ssLeft, 112, 140);

@@ -101,7 +101,8 @@ TEST(ShapeDrawing, PenStaysInsideTheBox) {
 
 TEST(ShapeDrawing, EllipseWithoutFillIsHollow) {
     TIELayerList list;
-    TIELayer* ellipse = list.LayersAdd(ielkShape, QPointF(0, 0), QSizeF(60, 40));
+    auto* ellipse =
+        static_cast<TIEVectorLayer*>(list.LayersAdd(ielkShape, QPointF(0, 0), QSizeF(60, 40)));
     ellipse->SetFillColor(clNone);
     ellipse->SetBorderWidth(2);
     const TIEBitmap& cache = *ellipse->CacheFor(60, 40);
@@ -112,7 +113,7 @@ TEST(ShapeDrawing, EllipseWithoutFillIsHollow) {
 
 TEST(ShapeDrawing, SupersamplingStopsAtOneMillionPixels) {
     TIELayerList list;
-    TIELayer* shape = list.LayersAdd(ielkShape);
+    auto* shape = static_cast<TIEVectorLayer*>(list.LayersAdd(ielkShape));
     EXPECT_TRUE(shape->SupersampledFor(999, 1001));
     EXPECT_FALSE(shape->SupersampledFor(1000, 1000));
     shape->CacheFor(999, 1001);
@@ -121,12 +122,13 @@ TEST(ShapeDrawing, SupersamplingStopsAtOneMillionPixels) {
     EXPECT_EQ(shape->RenderScale(), 1);
     shape->AntiAlias = false;
     EXPECT_FALSE(shape->SupersampledFor(10, 10));
-    EXPECT_FALSE(list.LayersAdd(ielkLine)->SupersampledFor(10, 10)) << "only shapes are";
+    auto* line = static_cast<TIEVectorLayer*>(list.LayersAdd(ielkLine));
+    EXPECT_FALSE(line->SupersampledFor(10, 10)) << "only shapes are";
 }
 
 TEST(ShapeDrawing, CacheIsKeptUntilChangedOrResized) {
     TIELayerList list;
-    TIELayer* shape = list.LayersAdd(ielkShape);
+    auto* shape = static_cast<TIEVectorLayer*>(list.LayersAdd(ielkShape));
     // A mark put on the cache survives exactly as long as the cache is reused.
     auto mark = [&] { shape->CachedBitmap->Scanline(0)[0] = 77; };
     auto marked = [&] { return shape->CachedBitmap->Scanline(0)[0] == 77; };

@@ -89,7 +89,7 @@ TEST(LayerModel, StyleSettersReachLineFieldsAndMarkChange) {
     EXPECT_TRUE(list.NeedsUpdate);
 
     // Other kinds keep only the common field.
-    TIELayer* shape = list.LayersAdd(ielkShape);
+    auto* shape = static_cast<TIEVectorLayer*>(list.LayersAdd(ielkShape));
     shape->CacheValid = true;
     shape->BeginUpdate();
     shape->SetBorderWidth(3);
