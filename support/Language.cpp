@@ -9,12 +9,22 @@
 
 namespace qpt {
 
+namespace {
+
+// A pipe or a device in the language folder counts as missing, so that the
+// fallback to English still applies.
+bool IsLanguageFile(const QString& path) {
+    return !path.isEmpty() && QFileInfo(path).isFile();
+}
+
+}  // namespace
+
 TLanguage::TLanguage(const QString& prefix, const QString& languagePath)
     : prefix_(prefix),
       languagePath_(languagePath.isEmpty() ? ProgramFolder() + "Language" : languagePath),
       currentIni_(std::make_unique<TExtIniFile>()) {
     const QString english = FileOf(QStringLiteral("English"));
-    if (QFileInfo::exists(english)) englishIni_ = std::make_unique<TExtIniFile>(english);
+    if (IsLanguageFile(english)) englishIni_ = std::make_unique<TExtIniFile>(english);
 }
 
 TLanguage::~TLanguage() = default;
@@ -33,9 +43,9 @@ QString TLanguage::FileOf(const QString& name) const {
 
 void TLanguage::SetLanguage(const QString& name) {
     QString chosen = name;
-    if (!QFileInfo::exists(FileOf(chosen))) chosen = QStringLiteral("English");
+    if (!IsLanguageFile(FileOf(chosen))) chosen = QStringLiteral("English");
     const QString file = FileOf(chosen);
-    if (!QFileInfo::exists(file)) return;
+    if (!IsLanguageFile(file)) return;
     languageName_ = chosen;
     displayName_.clear();
     currentIni_ = std::make_unique<TExtIniFile>(file);

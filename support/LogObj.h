@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QFile>
 #include <QString>
 #include <cstdint>
 #include <mutex>
@@ -8,7 +7,12 @@
 namespace qpt {
 
 // One open log file: appends UTF-16 lines and rotates the file by size into
-// numbered ".bak" copies. A log that cannot be opened loses its lines quietly.
+// numbered ".bak" copies. Lines are only ever appended, so a process killed
+// while writing can cut its own last line and nothing before it; rotation
+// renames the whole file away, so old lines are whole in the log or in
+// ".bak1". Only a regular file is written (a link is followed to its
+// target): a log that cannot be opened, or is a pipe or a device, loses its
+// lines quietly.
 class TLogObj {
 public:
     // An empty path logs beside the running executable, named after it.
@@ -30,13 +34,16 @@ public:
 
 private:
     bool DetailEnabled() const;
+    void Open();
+    void Close();
     void Rotate();
     void WriteUtf16(const QString& text);
 
     std::mutex lock_;
     QString moduleName_;
     QString fileName_;
-    QFile stream_;
+    QString target_;  // fileName_ with links followed
+    int fd_ = -1;
     int32_t position_ = 0;
     int32_t maxSize_ = 0xA00000;
     uint8_t backupCount_ = 1;

@@ -10,14 +10,17 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
-#include <QTextStream>
 #include <QUrl>
 
+#include "support/SafeFileIo.h"
 #include "support/UserDirs.h"
 
 namespace qpt {
 
 namespace {
+
+// One line of four numbers; a bigger file is no version file.
+constexpr qint64 kMaxVersionFileSize = 4096;
 
 QString Env(const char* name) {
     return qEnvironmentVariable(name).trimmed();
@@ -123,9 +126,9 @@ QString GetUserName() {
 
 QString GetHostVersion(const QString& folder) {
     const QString base = folder.isEmpty() ? ProgramFolder() : folder;
-    QFile file(QDir(base).filePath("QptHost.version"));
-    if (file.open(QIODevice::ReadOnly | QIODevice::Text)) {
-        const QString line = QString::fromUtf8(file.readLine()).trimmed();
+    QByteArray bytes;
+    if (ReadRegularFile(QDir(base).filePath("QptHost.version"), kMaxVersionFileSize, &bytes) == 0) {
+        const QString line = QString::fromUtf8(bytes.left(bytes.indexOf('\n'))).trimmed();
         static const QRegularExpression fourNumbers(R"(^\d{1,5}\.\d{1,5}\.\d{1,5}\.\d{1,5}$)");
         if (fourNumbers.match(line).hasMatch()) return line;
     }

@@ -1,11 +1,15 @@
 #include "support/UserDirs.h"
 
 #include <QDir>
-#include <QFile>
+
+#include "support/SafeFileIo.h"
 
 namespace qpt {
 
 namespace {
+
+// The file holds a handful of lines; anything much bigger is not it.
+constexpr qint64 kMaxUserDirsSize = 1 << 20;
 
 // The value as the file writes it: in double quotes, "$HOME" expanded, and
 // only absolute paths or paths below $HOME are allowed.
@@ -23,12 +27,12 @@ QString ExpandValue(QString value, const QString& home) {
 }  // namespace
 
 QString ReadUserDir(const QString& userDirsFile, const char* key, const QString& home) {
-    QFile file(userDirsFile);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) return {};
+    QByteArray bytes;
+    if (ReadRegularFile(userDirsFile, kMaxUserDirsSize, &bytes) != 0) return {};
     const QString prefix = QString::fromLatin1(key) + '=';
     QString found;
-    while (!file.atEnd()) {
-        const QString line = QString::fromUtf8(file.readLine()).trimmed();
+    for (const QByteArray& raw : bytes.split('\n')) {
+        const QString line = QString::fromUtf8(raw).trimmed();
         if (line.startsWith(prefix)) found = ExpandValue(line.mid(prefix.size()), home);
     }
     while (found.size() > 1 && found.endsWith('/'))

@@ -1,9 +1,11 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFile>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
@@ -110,6 +112,28 @@ TEST_F(LanguageTest, UnknownLanguageFallsBackToEnglish) {
     // Names that point outside the folder count as unknown.
     language.SetLanguage("../Language/German");
     EXPECT_EQ(language.LanguageName(), "English");
+}
+
+// A pipe would block the start for ever, a link to an endless device would
+// fill the memory: both count as a missing language file.
+TEST_F(LanguageTest, PipesAndDevicesCountAsMissingFiles) {
+    WriteEnglishAndGerman();
+    const QString german = Folder() + "/German.lng";
+    QFile::remove(german);
+    ASSERT_EQ(::mkfifo(QFile::encodeName(german).constData(), 0600), 0);
+    TLanguage language("QPT", Folder());
+    language.SetLanguage("German");
+    EXPECT_EQ(language.LanguageName(), "English");
+
+    const QString english = Folder() + "/English.lng";
+    for (const char* device : {"/dev/zero", "/dev/urandom"}) {
+        QFile::remove(english);
+        ASSERT_TRUE(QFile::link(device, english));
+        TLanguage broken("QPT", Folder());
+        broken.SetLanguage("German");
+        EXPECT_EQ(broken.LanguageName(), "") << device;
+        EXPECT_EQ(broken.GetText("M_OK", "OK"), "OK");
+    }
 }
 
 TEST_F(LanguageTest, WithoutLanguageFolderEverythingKeepsItsDefault) {

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -101,6 +103,39 @@ TEST_F(LogTest, UnwritableLocationLosesTheLineQuietly) {
     TLogManage manage(dir_.path() + "/blocker/sub/QptHost.log");
     manage.WriteLog(QStringLiteral("lost"), false);
     EXPECT_EQ(ReadFile(dir_.path() + "/blocker"), QByteArray("x"));
+}
+
+TEST_F(LogTest, PipesAndDevicesAreNeverWrittenOrWaitedOn) {
+    QDir().mkpath(dir_.path() + "/log");
+    ASSERT_EQ(::mkfifo(QFile::encodeName(LogPath()).constData(), 0600), 0);
+    TLogManage manage(LogPath());
+    manage.WriteLog(QStringLiteral("lost"), false);  // would block on a plain open
+    struct stat st {};
+    ::lstat(QFile::encodeName(LogPath()).constData(), &st);
+    EXPECT_TRUE(S_ISFIFO(st.st_mode));
+
+    const QString device = dir_.path() + "/null.log";
+    ASSERT_TRUE(QFile::link("/dev/null", device));
+    TLogManage toDevice(device);
+    toDevice.WriteLog(QStringLiteral("lost"), false);
+    EXPECT_TRUE(QFileInfo(device).isSymLink());
+}
+
+// A linked log is rotated where it really lies: the link stays, and the old
+// lines move whole to the target's ".bak1".
+TEST_F(LogTest, LinkedLogRotatesAtItsTarget) {
+    const QString target = dir_.path() + "/real/QptHost.log";
+    QDir().mkpath(dir_.path() + "/real");
+    QDir().mkpath(dir_.path() + "/log");
+    ASSERT_TRUE(QFile::link(target, LogPath()));
+    TLogManage manage(LogPath());
+    manage.SetTimeStamp(false);
+    manage.SetMaxSize(10);
+    manage.WriteLog(QStringLiteral("first"), false);
+    manage.WriteLog(QStringLiteral("second"), false);
+    EXPECT_TRUE(QFileInfo(LogPath()).isSymLink());
+    EXPECT_EQ(DecodeUtf16(ReadFile(LogPath()).mid(2)), QStringLiteral("second\r\n"));
+    EXPECT_EQ(DecodeUtf16(ReadFile(target + ".bak1").mid(2)), QStringLiteral("first\r\n"));
 }
 
 TEST_F(LogTest, GlobalWriteLogGoesToTheProcessManager) {

@@ -1,8 +1,12 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
+#include <functional>
 
+#include "support/Language.h"
 #include "support/MainIni.h"
 #include "support/ScreenRecordSettingsData.h"
 #include "tests/common/ScratchHome.h"
@@ -13,6 +17,12 @@ namespace {
 using testing::ReadFile;
 using testing::ScratchHome;
 using testing::WriteFile;
+
+struct stat StatOf(const QString& path) {
+    struct stat st {};
+    ::lstat(QFile::encodeName(path).constData(), &st);
+    return st;
+}
 
 class SettingsTest : public ::testing::Test {
 protected:
@@ -93,13 +103,31 @@ TEST_F(SettingsTest, HotKeysFollowTheirStoredCodes) {
     EXPECT_EQ(h.Texts[TTab_Hotkeys::kLong], "Alt + D");
 }
 
-TEST_F(SettingsTest, UnreadableFileKeepsDefaults) {
-    QDir().mkpath(MainIni());  // a folder where the file should be
-    TScreenRecordSettingsData s;
-    EXPECT_EQ(s.Language, "English");
-    WriteMainIni("Main", "GsearchRed", "1");
-    EXPECT_TRUE(QFileInfo(MainIni()).isDir());
-    EXPECT_EQ(ReadMainIni("Main", "GsearchRed", "0"), "0");
+// A folder, a named pipe nobody writes to (which would block a plain open for
+// ever) and links to endless devices (which would fill the memory) all read
+// as a missing file, and none of them is replaced by a write.
+TEST_F(SettingsTest, WhatIsNoRegularFileKeepsDefaultsAndIsLeftAlone) {
+    const std::pair<const char*, std::function<void()>> kinds[] = {
+        {"folder", [&] { QDir().mkpath(MainIni()); }},
+        {"pipe", [&] { ::mkfifo(QFile::encodeName(MainIni()).constData(), 0600); }},
+        {"/dev/zero", [&] { QFile::link("/dev/zero", MainIni()); }},
+        {"/dev/urandom", [&] { QFile::link("/dev/urandom", MainIni()); }},
+    };
+    for (const auto& [kind, make] : kinds) {
+        SCOPED_TRACE(kind);
+        QDir(home_.configHome()).removeRecursively();
+        QDir().mkpath(QFileInfo(MainIni()).path());
+        make();
+        const struct stat before = StatOf(MainIni());
+        TScreenRecordSettingsData s;
+        EXPECT_EQ(s.Language, "English");
+        EXPECT_EQ(TLanguage::CurrentLanguageName(), "English");
+        WriteMainIni("Main", "GsearchRed", "1");
+        EXPECT_EQ(ReadMainIni("Main", "GsearchRed", "0"), "0");
+        const struct stat after = StatOf(MainIni());
+        EXPECT_EQ(after.st_mode, before.st_mode);
+        EXPECT_EQ(after.st_ino, before.st_ino);
+    }
 }
 
 TEST_F(SettingsTest, WriteMainIniMakesTheFileAndKeepsOtherKeys) {
