@@ -105,9 +105,9 @@ void LoadClassic() {
 // Every "[section]" of class image.
 QStringList DescriptionNames() {
     QStringList names;
-    if (const TStringValueList* images = TResource::StyleClasses().Group("image"))
+    if (const TNameValueList* images = TResource::StyleClasses().Group("image"))
         for (int i = 0; i < images->Count(); ++i)
-            names.append('[' + images->Names(i) + ']');
+            names.append('[' + images->Get(i) + ']');
     return names;
 }
 

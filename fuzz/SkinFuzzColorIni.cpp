@@ -16,9 +16,8 @@ namespace {
 void FlattenEverySection(const TSafeIniFile& ini, const TStyleClasses& styles) {
     for (const QString& section : ini.ReadSections()) {
         const QString cls = ini.ReadString(section, QStringLiteral("class"), QString());
-        if (const TRdValueStrings* values = styles.Section(cls, section)) {
-            TStringListEx flat;
-            values->AssignTo(flat);
+        if (const TNameValueList* values = styles.Section(cls, section)) {
+            values->Flattened();
             values->Values(QStringLiteral("parent"));
         }
     }

@@ -8,10 +8,10 @@ namespace qpt {
 std::vector<ColorSection> ColorSectionsOf(const TStyleClasses& styles,
                                           const TMemIniFile& colorIni) {
     std::vector<ColorSection> sections;
-    if (const TStringValueList* group = styles.Group(QStringLiteral("color"))) {
+    if (const TNameValueList* group = styles.Group(QStringLiteral("color"))) {
         for (int i = 0; i < group->Count(); ++i)
             sections.push_back(
-                {group->Names(i) + u'.', group->Objects(i)->Lines(), ColorOrder::RGB});
+                {group->Get(i) + u'.', group->Objects(i)->Strings(), ColorOrder::RGB});
     }
     const QString validate = QStringLiteral("validate");
     const bool bgr = colorIni.ReadString(validate, QStringLiteral("type"), QStringLiteral("RGB"))

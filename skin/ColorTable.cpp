@@ -1,5 +1,7 @@
 #include "skin/ColorTable.h"
 
+#include <algorithm>
+
 #include "skin/ColorId.h"
 #include "skin/RdLog.h"
 #include "support/color/ColorNames.h"
@@ -79,7 +81,8 @@ void TColorTable::ParseSection(const ColorSection& section, std::vector<Link>& l
     ColorOrder order = section.order;
     QStringList lines;
     for (const QString& line : section.lines) {
-        const QString name = TStringListEx::NameOf(line);
+        QString name;
+        TNameValueList::NameOf(line, &name);
         if (SameWord(name, QLatin1String("type")))
             order = SameWord(line.mid(name.size() + 1), QLatin1String("BGR")) ? ColorOrder::BGR
                                                                               : ColorOrder::RGB;
@@ -167,6 +170,9 @@ QStringList TColorTable::GetColorValues() const {
         for (int i = 0; i < names_.Count(); ++i)
             names.append(names_.Names(i));
     }
+    std::sort(names.begin(), names.end(), [](const QString& a, const QString& b) {
+        return QString::compare(a, b, Qt::CaseInsensitive) < 0;
+    });
     for (const StandardColor& standard : StandardColors())
         names.append(QString::fromUtf16(standard.name));
     return names;

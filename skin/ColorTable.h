@@ -6,7 +6,7 @@
 
 #include "skin/BaseHash.h"
 #include "skin/ColorValue.h"
-#include "skin/StringValueList.h"
+#include "support/NameValueList.h"
 
 namespace qpt {
 
@@ -64,7 +64,7 @@ private:
 
     mutable std::mutex namesLock_;
     mutable std::mutex hashLock_;
-    TStringValueList names_;
+    TNameValueList names_;
     TPointerHash<ColorItem> hash_{512};
 };
 

@@ -1,10 +1,13 @@
 #include "skin/NameValueLines.h"
 
+#include "support/NameValueList.h"
+
 namespace qpt::NameValueLines {
 
 QString NameOf(const QString& line) {
-    const qsizetype eq = line.indexOf('=');
-    return (eq < 0 ? line : line.left(eq)).trimmed();
+    QString name;
+    TNameValueList::NameOf(line, &name);
+    return name.trimmed();
 }
 
 QString ValueOf(const QString& line) {

@@ -6,8 +6,10 @@
 
 namespace qpt {
 
-// Helpers for the "name=value" lines of a picture description. Names compare
-// without regard to case, as in skin files.
+// Helpers for the "name=value" lines of a picture description, which is kept
+// as plain text lines since it is compared and copied as such. Names follow
+// the rule of TNameValueList (a line without '=' has none), trimmed, since
+// a description may be written by hand; they compare without regard to case.
 namespace NameValueLines {
 
 QString NameOf(const QString& line);

@@ -128,11 +128,9 @@ void TRdSkinClass::SetForceUseSkinPic(bool value) {
 void TRdSkinClass::ApplySkin(bool recursive) {
     skinValues_.clear();
     if (owner_ && !skinClass_.isEmpty()) {
-        if (const TRdValueStrings* section =
+        if (const TNameValueList* section =
                 TResource::StyleClasses().Section(GroupName(), skinClass_)) {
-            TStringListEx flat;
-            section->AssignTo(flat);
-            skinValues_ = flat.Lines();
+            skinValues_ = section->Flattened();
             ApplyLines();
         }
     }

@@ -8,7 +8,6 @@ namespace qpt {
 
 class TRdGraphic;
 class TStyleClasses;
-class TStringValueList;
 class TMemIniFile;
 
 // The owner of the skin packages: one public package ("public.rcc") and one

@@ -46,12 +46,12 @@ void RefillRdgValues() {
     TResourceState& s = ResourceState();
     std::lock_guard lock(s.rdgLock);
     s.rdgValues.Clear();
-    const TStringValueList* images = s.styleClasses.Group(QStringLiteral("image"));
+    const TNameValueList* images = s.styleClasses.Group(QStringLiteral("image"));
     if (!images) return;
     for (int i = 0; i < images->Count(); ++i) {
-        auto copy = std::make_unique<TRdValueStrings>();
-        static_cast<const TRdValueStrings*>(images->Objects(i))->AssignTo(*copy);
-        s.rdgValues.Add(u'[' + images->Names(i) + u']', std::move(copy));
+        auto copy = std::make_unique<TNameValueList>();
+        copy->AddStrings(images->Objects(i)->Flattened());
+        s.rdgValues.Add(u'[' + images->Get(i) + u']', std::move(copy));
     }
 }
 
@@ -78,8 +78,8 @@ void TResource::ReloadCache() {
 QStringList TResource::RdgValues(const QString& key) {
     TResourceState& s = ResourceState();
     std::lock_guard lock(s.rdgLock);
-    const int at = s.rdgValues.IndexOfName(key);
-    return at < 0 ? QStringList() : s.rdgValues.Objects(at)->Lines();
+    const int at = s.rdgValues.IndexOf(key);
+    return at < 0 ? QStringList() : s.rdgValues.Objects(at)->Strings();
 }
 
 int TResource::RdgCount() {

@@ -5,7 +5,6 @@
 
 #include "skin/GraphicCache.h"
 #include "skin/Resource.h"
-#include "skin/StringValueList.h"
 #include "skin/StyleClasses.h"
 #include "support/SafeIniFile.h"
 
@@ -28,7 +27,7 @@ struct TResourceState {
     TSafeIniFile colorIni;
     TStyleClasses styleClasses;
     std::mutex rdgLock;
-    TStringValueList rdgValues;
+    TNameValueList rdgValues;  // "[section]" -> its flattened lines
     TGraphicCache graphicCache;
 
     TResource::ResourceHook hook;

@@ -4,14 +4,6 @@
 
 namespace qpt {
 
-namespace {
-
-TRdValueStrings* SectionAt(const TStringValueList& group, int index) {
-    return static_cast<TRdValueStrings*>(group.Objects(index));
-}
-
-}  // namespace
-
 void TStyleClasses::Clear() {
     std::lock_guard lock(lock_);
     groups_.Clear();
@@ -26,17 +18,17 @@ void TStyleClasses::MergeIni(const TMemIniFile& ini) {
 void TStyleClasses::MergeSection(const QString& className, const QString& section,
                                  const QStringList& lines) {
     std::lock_guard lock(lock_);
-    int at = groups_.IndexOfName(className);
-    if (at < 0) at = groups_.Add(className, std::make_unique<TStringValueList>());
-    auto* group = static_cast<TStringValueList*>(groups_.Objects(at));
-    const int existing = group->IndexOfName(section);
+    int at = groups_.IndexOf(className);
+    if (at < 0) at = groups_.Add(className, std::make_unique<TNameValueList>());
+    TNameValueList* group = groups_.Objects(at);
+    const int existing = group->IndexOf(section);
     if (existing >= 0) {
-        TRdValueStrings* values = SectionAt(*group, existing);
+        TNameValueList* values = group->Objects(existing);
         for (const QString& line : lines)
             values->SetLine(line);
         return;
     }
-    auto values = std::make_unique<TRdValueStrings>();
+    auto values = std::make_unique<TNameValueList>();
     values->AddStrings(lines);
     group->Add(section, std::move(values));
 }
@@ -44,14 +36,14 @@ void TStyleClasses::MergeSection(const QString& className, const QString& sectio
 void TStyleClasses::ResolveParents() {
     std::lock_guard lock(lock_);
     for (int g = 0; g < groups_.Count(); ++g) {
-        const auto* group = static_cast<const TStringValueList*>(groups_.Objects(g));
+        const TNameValueList* group = groups_.Objects(g);
         for (int s = 0; s < group->Count(); ++s) {
-            TRdValueStrings* section = SectionAt(*group, s);
+            TNameValueList* section = group->Objects(s);
             QString parentName;
             if (!section->FindValue(QStringLiteral("parent"), &parentName)) continue;
-            const int parent = group->IndexOfName(parentName);
+            const int parent = group->IndexOf(parentName);
             // SetParent refuses a parent that would close a cycle.
-            if (parent >= 0 && parent != s) section->SetParent(SectionAt(*group, parent));
+            if (parent >= 0 && parent != s) section->SetParent(group->Objects(parent));
         }
     }
 }
@@ -61,18 +53,18 @@ int TStyleClasses::Count() const {
     return groups_.Count();
 }
 
-TStringValueList* TStyleClasses::Group(const QString& className) const {
+TNameValueList* TStyleClasses::Group(const QString& className) const {
     std::lock_guard lock(lock_);
-    const int at = groups_.IndexOfName(className);
-    return at < 0 ? nullptr : static_cast<TStringValueList*>(groups_.Objects(at));
+    const int at = groups_.IndexOf(className);
+    return at < 0 ? nullptr : groups_.Objects(at);
 }
 
-TRdValueStrings* TStyleClasses::Section(const QString& className, const QString& section) const {
-    const TStringValueList* group = Group(className);
+TNameValueList* TStyleClasses::Section(const QString& className, const QString& section) const {
+    const TNameValueList* group = Group(className);
     if (!group) return nullptr;
     std::lock_guard lock(lock_);
-    const int at = group->IndexOfName(section);
-    return at < 0 ? nullptr : SectionAt(*group, at);
+    const int at = group->IndexOf(section);
+    return at < 0 ? nullptr : group->Objects(at);
 }
 
 }  // namespace qpt

@@ -2,8 +2,7 @@
 
 #include <mutex>
 
-#include "skin/RdValueStrings.h"
-#include "skin/StringValueList.h"
+#include "support/NameValueList.h"
 
 namespace qpt {
 
@@ -23,13 +22,14 @@ public:
     void ResolveParents();
 
     int Count() const;
-    // The sections of one class; none when no section has it.
-    TStringValueList* Group(const QString& className) const;
-    TRdValueStrings* Section(const QString& className, const QString& section) const;
+    // The sections of one class, each line a section name with its lines as
+    // the child list; none when no section has it.
+    TNameValueList* Group(const QString& className) const;
+    TNameValueList* Section(const QString& className, const QString& section) const;
 
 private:
     mutable std::mutex lock_;
-    TStringValueList groups_;
+    TNameValueList groups_;
 };
 
 }  // namespace qpt

@@ -4,7 +4,7 @@
 #include <QStringEncoder>
 #include <QStringView>
 
-#include "support/IniHashedStringList.h"
+#include "support/NameValueList.h"
 
 namespace qpt {
 namespace {
@@ -69,9 +69,9 @@ QString TrimIniLine(const QString& line) {
     return line.mid(begin, end - begin);
 }
 
-void ParseIniText(const QString& text, TIniHashedStringList& sections) {
+void ParseIniText(const QString& text, TNameValueList& sections) {
     sections.Clear();
-    TIniHashedStringList* current = nullptr;
+    TNameValueList* current = nullptr;
     qsizetype pos = 0;
     const qsizetype size = text.size();
     while (pos < size) {
@@ -82,9 +82,9 @@ void ParseIniText(const QString& text, TIniHashedStringList& sections) {
         pos = end + ((end + 1 < size && text[end] == u'\r' && text[end + 1] == u'\n') ? 2 : 1);
         if (line.isEmpty() || line.startsWith(u';')) continue;
         if (line.startsWith(u'[') && line.endsWith(u']') && line.size() >= 2) {
-            auto lines = std::make_unique<TIniHashedStringList>(sections.CaseSensitive());
+            auto lines = std::make_unique<TNameValueList>(sections.CaseSensitive());
             current = lines.get();
-            sections.AddObject(TrimIniLine(line.mid(1, line.size() - 2)), std::move(lines));
+            sections.Add(TrimIniLine(line.mid(1, line.size() - 2)), std::move(lines));
         } else if (current) {
             current->Add(SectionLine(line));
         }

@@ -6,7 +6,7 @@
 
 namespace qpt {
 
-class TIniHashedStringList;
+class TNameValueList;
 
 // The text of an ini file: its encoding is told by the byte-order mark
 // (UTF-8, UTF-16 LE or BE); without one the bytes are UTF-8.
@@ -21,6 +21,6 @@ QString TrimIniLine(const QString& line);
 // Parses the lines of `text` into `sections` (cleared first): each section
 // name carries its own list of name=value lines, with the case sensitivity
 // of `sections`. Lines before the first section are dropped.
-void ParseIniText(const QString& text, TIniHashedStringList& sections);
+void ParseIniText(const QString& text, TNameValueList& sections);
 
 }  // namespace qpt

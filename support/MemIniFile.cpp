@@ -89,13 +89,13 @@ bool TMemIniFile::LoadFromStream(QIODevice& device) {
 
 QString TMemIniFile::ReadString(const QString& section, const QString& key,
                                 const QString& defaultValue) const {
-    const TIniHashedStringList* lines = FindSection(section);
+    const TNameValueList* lines = FindSection(section);
     const int index = lines ? lines->IndexOfName(key) : -1;
     return index < 0 ? defaultValue : lines->ValueFromIndex(index);
 }
 
 void TMemIniFile::WriteString(const QString& section, const QString& key, const QString& value) {
-    TIniHashedStringList* lines = FindSection(section);
+    TNameValueList* lines = FindSection(section);
     PutValue(lines ? *lines : *SectionAt(AddSection(section)), key, value, false);
 }
 
@@ -128,7 +128,7 @@ void TMemIniFile::WriteDateTime(const QString& section, const QString& key,
 }
 
 void TMemIniFile::DeleteKey(const QString& section, const QString& key) {
-    if (TIniHashedStringList* lines = FindSection(section)) RemoveValue(*lines, key);
+    if (TNameValueList* lines = FindSection(section)) RemoveValue(*lines, key);
 }
 
 void TMemIniFile::EraseSection(const QString& section) {
@@ -138,7 +138,7 @@ void TMemIniFile::EraseSection(const QString& section) {
 
 QStringList TMemIniFile::ReadSection(const QString& section) const {
     QStringList names;
-    if (const TIniHashedStringList* lines = FindSection(section)) {
+    if (const TNameValueList* lines = FindSection(section)) {
         for (int i = 0; i < lines->Count(); ++i)
             if (lines->Get(i).contains(u'=')) names.append(lines->Names(i));
     }
@@ -150,7 +150,7 @@ QStringList TMemIniFile::ReadSections() const {
 }
 
 QStringList TMemIniFile::ReadSectionValues(const QString& section) const {
-    const TIniHashedStringList* lines = FindSection(section);
+    const TNameValueList* lines = FindSection(section);
     return lines ? lines->Strings() : QStringList();
 }
 
@@ -159,7 +159,7 @@ bool TMemIniFile::SectionExists(const QString& section) const {
 }
 
 bool TMemIniFile::ValueExists(const QString& section, const QString& key) const {
-    const TIniHashedStringList* lines = FindSection(section);
+    const TNameValueList* lines = FindSection(section);
     return lines && lines->IndexOfName(key) >= 0;
 }
 
@@ -173,16 +173,16 @@ QStringList TMemIniFile::GetStrings() const {
     return out;
 }
 
-TIniHashedStringList* TMemIniFile::FindSection(const QString& section) const {
+TNameValueList* TMemIniFile::FindSection(const QString& section) const {
     const int index = SectionIndex(section);
     return index < 0 ? nullptr : SectionAt(index);
 }
 
 int TMemIniFile::AddSection(const QString& section) {
-    return sections_.AddObject(section, std::make_unique<TIniHashedStringList>(CaseSensitive()));
+    return sections_.Add(section, std::make_unique<TNameValueList>(CaseSensitive()));
 }
 
-void TMemIniFile::PutValue(TIniHashedStringList& lines, const QString& key, const QString& value,
+void TMemIniFile::PutValue(TNameValueList& lines, const QString& key, const QString& value,
                            bool append) {
     const QString line = key + u'=' + value;
     const int index = append ? -1 : lines.IndexOfName(key);
@@ -192,7 +192,7 @@ void TMemIniFile::PutValue(TIniHashedStringList& lines, const QString& key, cons
         lines.Put(index, line);
 }
 
-bool TMemIniFile::RemoveValue(TIniHashedStringList& lines, const QString& key) {
+bool TMemIniFile::RemoveValue(TNameValueList& lines, const QString& key) {
     const int index = lines.IndexOfName(key);
     if (index >= 0) lines.Delete(index);
     return index >= 0;

@@ -5,7 +5,7 @@
 #include <QString>
 #include <QStringList>
 
-#include "support/IniHashedStringList.h"
+#include "support/NameValueList.h"
 
 class QIODevice;
 
@@ -69,18 +69,18 @@ protected:
     virtual void SectionsChanged() {}
 
     int SectionIndex(const QString& section) const { return sections_.IndexOf(section); }
-    TIniHashedStringList* SectionAt(int index) const { return sections_.Objects(index); }
-    TIniHashedStringList* FindSection(const QString& section) const;
+    TNameValueList* SectionAt(int index) const { return sections_.Objects(index); }
+    TNameValueList* FindSection(const QString& section) const;
     // Adds a section even when one of the name exists; returns its index.
     int AddSection(const QString& section);
     // Replaces the line of `key`, or adds one; `append` adds without looking.
-    static void PutValue(TIniHashedStringList& lines, const QString& key, const QString& value,
+    static void PutValue(TNameValueList& lines, const QString& key, const QString& value,
                          bool append);
-    static bool RemoveValue(TIniHashedStringList& lines, const QString& key);
+    static bool RemoveValue(TNameValueList& lines, const QString& key);
     void SetLastError(int error) { lastError_ = error; }
 
 private:
-    TIniHashedStringList sections_;
+    TNameValueList sections_;
     int lastError_ = 0;
 };
 

@@ -42,12 +42,12 @@ void TSafeIniFile::WriteString(const QString& section, const QString& key, const
 }
 
 void TSafeIniFile::DeleteKey(const QString& section, const QString& key) {
-    if (TIniHashedStringList* lines = FindSection(section); lines && RemoveValue(*lines, key))
+    if (TNameValueList* lines = FindSection(section); lines && RemoveValue(*lines, key))
         modified_ = true;
 }
 
 // Writes tend to come in runs on one section, so the last one is remembered.
-TIniHashedStringList* TSafeIniFile::WritableSection(const QString& section) {
+TNameValueList* TSafeIniFile::WritableSection(const QString& section) {
     if (cachedIndex_ < 0 || section != cachedSection_) {
         int index = SectionIndex(section);
         if (index < 0) index = AddSection(section);

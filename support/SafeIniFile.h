@@ -37,7 +37,7 @@ protected:
     void SectionsChanged() override;
 
 private:
-    TIniHashedStringList* WritableSection(const QString& section);
+    TNameValueList* WritableSection(const QString& section);
     void CreateMissingFile(const QByteArray& source);
 
     QString fileName_;

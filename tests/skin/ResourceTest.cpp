@@ -75,7 +75,7 @@ protected:
         });
     }
     static QString Value(const QString& cls, const QString& section, const QString& key) {
-        const TRdValueStrings* values = TResource::StyleClasses().Section(cls, section);
+        const TNameValueList* values = TResource::StyleClasses().Section(cls, section);
         return values ? values->Values(key) : QString("<no section>");
     }
     static quint32 Colour(const QString& name) {
