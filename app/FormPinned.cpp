@@ -105,7 +105,7 @@ TFormPinned::~TFormPinned() {
     qpt::Image_Front = nullptr;
 }
 
-void TFormPinned::FormCreate() {
+void TFormPinned::FormCreate(const THandOver& handOver) {
     ProductStatInit(ProgramFolder());
     DecideScale();
     if (Language()) FetchMessageTexts(*Language());
@@ -114,7 +114,6 @@ void TFormPinned::FormCreate() {
     ZoomBaseWidth = 0;
     ReadOutputDefaults();
 
-    const THandOver handOver = ReadHandOver();
     PinRect = handOver.rect;
     if (!HandOverPictureExists(handOver)) ProcessExit(0);
     Image_Front->SetZoomFilter(rfLinear);
@@ -137,10 +136,9 @@ void TFormPinned::DecideScale() {
 void TFormPinned::ReadOutputDefaults() {
     if (TScreenRecordSettingsData* settings = SettingsData()) {
         DefaultImageExt = "." + settings->FormatName().toLower();
-        JpegQuality = settings->JpegQuality;
+        JpegQuality = settings->JpegQuality;  // held within 1..100 by the settings table
     }
     if (DefaultImageExt.isEmpty()) DefaultImageExt = QStringLiteral(".jpeg");
-    if (JpegQuality < 1 || JpegQuality > 100) JpegQuality = 90;
 }
 
 void TFormPinned::SizeWindow(const TScreenLayout& screens) {

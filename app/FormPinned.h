@@ -4,6 +4,7 @@
 #include <QStringList>
 #include <QWidget>
 
+#include "app/HandOver.h"
 #include "app/PinnedBars.h"
 #include "app/ScreenLayout.h"
 #include "skin/RdScrollBox.h"
@@ -23,9 +24,9 @@ public:
     explicit TFormPinned(const QStringList& arguments, QWidget* parent = nullptr);
     ~TFormPinned() override;
 
-    // Reads the hand-over, loads the picture and sizes the window; ends the
-    // process when there is no picture.
-    void FormCreate();
+    // Loads the hand-over's picture and sizes the window to its rectangle;
+    // ends the process when there is no picture.
+    void FormCreate(const THandOver& handOver = ReadHandOver());
     // Settles the scroll bar, the undo limit and the drag cursor; runs once,
     // as the window is first shown.
     void FormShow();

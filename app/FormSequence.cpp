@@ -8,10 +8,10 @@
 
 namespace qpt {
 
-TFormPinned* CreateSessionForms(const QStringList& arguments) {
+TFormPinned* CreateSessionForms(const QStringList& arguments, const THandOver& handOver) {
     // The forms live as long as the process; it never ends through them.
     auto* pinned = new TFormPinned(arguments);
-    pinned->FormCreate();
+    pinned->FormCreate(handOver);
     return pinned;
 }
 
@@ -20,7 +20,7 @@ bool CreateForms(const QStringList& arguments) {
     if (!HandOverPictureExists(handOver)) ProcessExit(0);
     // Picture stores and undo steps go to the same private folder.
     IESetTempFolder(GetTempFolder());
-    CreateSessionForms(arguments)->show();
+    CreateSessionForms(arguments, handOver)->show();
     return true;
 }
 

@@ -3,28 +3,25 @@
 #include <QFileInfo>
 
 #include "support/MainIni.h"
+#include "support/NameValueList.h"
 #include "support/Paths.h"
 
 namespace qpt {
-
-namespace {
-
-int ReadStartPin(const char* key) {
-    bool ok = false;
-    const int value = ReadMainIni("StartPin", key, "0").trimmed().toInt(&ok);
-    return ok ? value : 0;
-}
-
-}  // namespace
 
 THandOver ReadHandOver() {
     THandOver handOver;
     const QString temp = GetTempFolder();
     if (!temp.isEmpty()) handOver.picturePath = temp + "QPTPinTemp.bmp";
-    const int left = ReadStartPin("Left");
-    const int top = ReadStartPin("Top");
+    TNameValueList startPin;
+    startPin.AddStrings(ReadMainIniSection("StartPin"));
+    const auto number = [&startPin](const char* key) {
+        bool ok = false;
+        const int value = startPin.Values(QLatin1String(key)).trimmed().toInt(&ok);
+        return ok ? value : 0;
+    };
+    const int left = number("Left"), top = number("Top");
     // Right and Bottom lie just outside the rectangle.
-    handOver.rect = QRect(left, top, ReadStartPin("Right") - left, ReadStartPin("Bottom") - top);
+    handOver.rect = QRect(left, top, number("Right") - left, number("Bottom") - top);
     return handOver;
 }
 

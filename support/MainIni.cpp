@@ -24,6 +24,14 @@ QString ReadMainIni(const QString& section, const QString& key, const QString& d
     return ReadIniFile(MainIniPath(), section, key, defaultValue);
 }
 
+QStringList ReadMainIniSection(const QString& section) {
+    const QString path = MainIniPath();
+    if (path.isEmpty() || !QFileInfo::exists(path)) return {};
+    TSafeIniFile ini;  // nameless: never writes
+    ini.LoadFromFile(path);
+    return ini.ReadSectionValues(section);
+}
+
 void WriteMainIni(const QString& section, const QString& key, const QString& value) {
     const QString path = MainIniPath();
     if (path.isEmpty()) return;

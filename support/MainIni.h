@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 namespace qpt {
 
@@ -16,6 +17,9 @@ QString ReadIniFile(const QString& fileName, const QString& section, const QStri
 // open, so the host and this program can take turns with it. A write
 // rewrites the whole file (as UTF-16), making it and its folders when missing.
 QString ReadMainIni(const QString& section, const QString& key, const QString& defaultValue);
+// The name=value lines of one section, read in one pass for a caller that
+// wants several keys of it; empty when the file or the section is missing.
+QStringList ReadMainIniSection(const QString& section);
 void WriteMainIni(const QString& section, const QString& key, const QString& value);
 
 }  // namespace qpt

@@ -1,6 +1,7 @@
 #include "support/ScreenRecordSettingsData.h"
 
 #include <QFileInfo>
+#include <climits>
 #include <variant>
 
 #include "support/IniFileIo.h"
@@ -24,11 +25,14 @@ using Field = std::variant<QString Settings::*, bool Settings::*, qint32 Setting
 
 // Every key the settings object knows, in the order they are read. The type
 // of a key is the type of its field; a null default means `DefaultCapturePath`.
+// A number outside its bounds reads as the default.
 struct KnownKey {
     const char* section;
     const char* key;
     const char* defaultValue;
     Field field;
+    int low = INT_MIN;
+    int high = INT_MAX;
 };
 
 const KnownKey kKnownKeys[] = {
@@ -38,7 +42,7 @@ const KnownKey kKnownKeys[] = {
     {"Screenshot", "CapturePath", nullptr, &Settings::CapturePath},
     {"Screenshot", "MainUi", "1", &Settings::MainUi},
     {"Screenshot", "SaveTip", "1", &Settings::SaveTip},
-    {"Format", "JpegQuality", "90", &Settings::JpegQuality},
+    {"Format", "JpegQuality", "90", &Settings::JpegQuality, 1, 100},
     {"Format", "ScreenFmat", "0", &Settings::ImageFormat},
     {"Hotkey", "nCapKey", "-1", HotkeyKeys{TTab_Hotkeys::kArea, "CapKey"}},
     {"Hotkey", "nCapFullKey", "-1", HotkeyKeys{TTab_Hotkeys::kFullScreen, "CapFullKey"}},
@@ -58,16 +62,16 @@ Overloaded(F...) -> Overloaded<F...>;
 void Assign(Settings& s, const KnownKey& k, const QString& text, const TSafeIniFile* ini) {
     const QString section = QLatin1String(k.section), key = QLatin1String(k.key);
     const int number = text.toInt();
+    const auto integer = [&] {
+        const int value = ini ? ini->ReadInteger(section, key, number) : number;
+        return value < k.low || value > k.high ? number : value;
+    };
     std::visit(
         Overloaded{
             [&](QString Settings::*f) { s.*f = ini ? ini->ReadString(section, key, text) : text; },
             [&](bool Settings::*f) { s.*f = ini ? ini->ReadBool(section, key, number) : number; },
-            [&](qint32 Settings::*f) {
-                s.*f = ini ? ini->ReadInteger(section, key, number) : number;
-            },
-            [&](quint8 Settings::*f) {
-                s.*f = quint8(ini ? ini->ReadInteger(section, key, number) : number);
-            },
+            [&](qint32 Settings::*f) { s.*f = integer(); },
+            [&](quint8 Settings::*f) { s.*f = quint8(integer()); },
             [&](HotkeyKeys h) {
                 if (!ini) return;  // the defaults come with the hot key table
                 s.Hotkeys->Apply(h.slot, ini->ReadInteger(section, key, number), [&] {

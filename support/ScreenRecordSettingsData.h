@@ -32,7 +32,7 @@ public:
     bool SaveTip = true;
     QString DefaultCapturePath;  // My Pictures plus "Zelk Screenshot/"
     quint8 ImageFormat = 0;
-    qint32 JpegQuality = 90;
+    qint32 JpegQuality = 90;  // 1..100
 };
 
 // The process-wide instance, made in module start-up (once; later calls keep

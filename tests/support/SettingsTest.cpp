@@ -61,8 +61,8 @@ TEST_F(SettingsTest, LoadReadsTheFileAndRewritesItAsUtf16) {
     EXPECT_TRUE(s.AutoUpdate);
     EXPECT_EQ(s.CapturePath, capture);
     EXPECT_FALSE(s.SaveTip);
-    EXPECT_EQ(s.JpegQuality, 101);  // repaired by the pinned window, not here
-    EXPECT_EQ(s.ImageFormat, 1);    // stored as a byte
+    EXPECT_EQ(s.JpegQuality, 90);  // out of its bounds
+    EXPECT_EQ(s.ImageFormat, 1);   // stored as a byte
     EXPECT_EQ(s.FormatName(), "PNG");
     EXPECT_TRUE(ReadFile(MainIni()).startsWith("\xFF\xFE[\0M\0a\0i\0n\0]\0"));
 
