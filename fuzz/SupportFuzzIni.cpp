@@ -34,9 +34,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     Touch(ini);
     const QByteArray first = Saved(ini);
 
-    // Saved text is in normal form: loading it gives the same lines again.
+    // Saved text is in normal form: loading it gives the same lines again,
+    // and text that was read faithfully is saved so that it reads so again.
     qpt::TSafeIniFile again;
     again.LoadFromStream(first);
     if (again.GetStrings() != ini.GetStrings()) __builtin_trap();
+    if (ini.LastError() == 0 && again.LastError() != 0) __builtin_trap();
     return 0;
 }

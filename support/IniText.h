@@ -8,9 +8,13 @@ namespace qpt {
 
 class TNameValueList;
 
-// The text of an ini file: its encoding is told by the byte-order mark
-// (UTF-8, UTF-16 LE or BE); without one the bytes are UTF-8.
-QString DecodeIniText(const QByteArray& bytes);
+// The text of an ini file. Its encoding is told by the byte-order mark
+// (UTF-8, UTF-16 LE or BE); without one, as other programs write it, UTF-16
+// shows by its zero bytes, valid UTF-8 is UTF-8 and anything else is 8-bit
+// text, read as Latin-1. `faithful` (when given) is false when the bytes do
+// not decode cleanly in the encoding found (broken sequences, a cut
+// character, zero characters): such a text must never be written back.
+QString DecodeIniText(const QByteArray& bytes, bool* faithful = nullptr);
 
 // Every save is UTF-16 LE with a byte-order mark, whatever was read.
 QByteArray EncodeIniText(const QStringList& lines);

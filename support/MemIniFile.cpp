@@ -2,6 +2,7 @@
 
 #include <QIODevice>
 #include <QRegularExpression>
+#include <cerrno>
 
 #include "support/IniFileIo.h"
 #include "support/IniText.h"
@@ -68,13 +69,14 @@ bool TMemIniFile::LoadFromFile(const QString& fileName) {
     QByteArray bytes;
     const int error = ReadIniBytes(fileName, &bytes);
     LoadFromStream(bytes);
-    lastError_ = error;
-    return error == 0;
+    if (error != 0) lastError_ = error;
+    return lastError_ == 0;
 }
 
 void TMemIniFile::LoadFromStream(const QByteArray& bytes) {
-    lastError_ = 0;
-    ParseIniText(DecodeIniText(bytes), sections_);
+    bool faithful = true;
+    ParseIniText(DecodeIniText(bytes, &faithful), sections_);
+    lastError_ = faithful ? 0 : EILSEQ;
 }
 
 bool TMemIniFile::LoadFromStream(QIODevice& device) {
@@ -84,7 +86,7 @@ bool TMemIniFile::LoadFromStream(QIODevice& device) {
         return false;
     }
     LoadFromStream(device.readAll());
-    return true;
+    return lastError_ == 0;
 }
 
 QString TMemIniFile::ReadString(const QString& section, const QString& key,

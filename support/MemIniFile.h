@@ -23,7 +23,8 @@ public:
     TMemIniFile& operator=(const TMemIniFile&) = delete;
 
     // Each replaces all content; a failed read leaves it empty and sets
-    // `LastError`. The file name of the object is not changed.
+    // `LastError`, and so does text that did not decode faithfully (EILSEQ),
+    // whose content is kept for reading. The file name is not changed.
     virtual bool LoadFromFile(const QString& fileName);
     void LoadFromStream(const QByteArray& bytes);
     bool LoadFromStream(QIODevice& device);

@@ -107,6 +107,59 @@ INSTANTIATE_TEST_SUITE_P(
                                                   .encode(kUnicodeText)}),
     [](const auto& info) { return std::string(info.param.name); });
 
+QByteArray Utf16Bytes(const QString& text, QStringConverter::Encoding order) {
+    return QStringEncoder(order).encode(text);
+}
+
+// Files that other programs write: no byte-order mark, or 8-bit text. They
+// are read as they were meant and rewritten with the same text.
+TEST_F(SafeIniFileTest, TextWithoutMarkIsReadAsMeantAndRewrittenFaithfully) {
+    const QString text = QString::fromUtf8("[Main]\nName=Müller ✓\n");
+    const EncodingCase cases[] = {
+        {"utf-16 le", Utf16Bytes(text, QStringConverter::Utf16LE)},
+        {"utf-16 be", Utf16Bytes(text, QStringConverter::Utf16BE)},
+        {"latin-1", QByteArray("[Main]\nName=M\xFCller\n")},
+    };
+    for (const EncodingCase& c : cases) {
+        SCOPED_TRACE(c.name);
+        const QString path = Path("other.ini");
+        WriteFile(path, c.bytes);
+        QString expected;
+        {
+            TSafeIniFile ini(path);
+            EXPECT_FALSE(ini.LoadFailed());
+            expected = ini.ReadString("Main", "Name", "");
+            EXPECT_TRUE(expected.startsWith(QString::fromUtf8("Müller")));
+        }
+        EXPECT_EQ(ReadFile(path), Utf16Le("[Main]\nName=" + expected + "\n\n"));
+    }
+}
+
+TEST_F(SafeIniFileTest, TextThatCannotBeDecodedIsNeverWrittenBack) {
+    const EncodingCase cases[] = {
+        {"broken utf-8 after a mark", QByteArray("\xEF\xBB\xBF[S]\nk=\xC3\x28\n")},
+        {"utf-16 cut in a character", Utf16Le("[S]\nk=v\n").chopped(1)},
+        {"lone surrogate", Utf16Le("[S]\nk=") + QByteArray("\x00\xD8"
+                                                           "A\0",
+                                                           4)},
+        {"zeros in no pattern", QByteArray("[S]\nk=v\0\0x\0y\n", 13)},
+    };
+    for (const EncodingCase& c : cases) {
+        SCOPED_TRACE(c.name);
+        const QString path = Path("foreign.ini");
+        WriteFile(path, c.bytes);
+        {
+            TSafeIniFile ini(path);
+            EXPECT_TRUE(ini.LoadFailed());
+            EXPECT_EQ(ini.LastError(), EILSEQ);
+            EXPECT_TRUE(ini.SectionExists("S"));  // still read as well as it goes
+            ini.WriteString("S", "k", "new");
+            ini.UpdateFile();
+        }
+        EXPECT_EQ(ReadFile(path), c.bytes);
+    }
+}
+
 TEST_F(SafeIniFileTest, SavesUtf16WithMarkAndRewritesWhatItLoaded) {
     const QString path = Path("a.ini");
     WriteFile(path, "[S]\n k = v \n");
