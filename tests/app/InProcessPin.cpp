@@ -2,20 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
-
 #include "support/MainIni.h"
 #include "support/Paths.h"
+#include "tests/common/WidgetApplication.h"
 
 namespace qpt::testing {
 
 void MakeTestApplication() {
-    static int argc = 1;
-    static char name[] = "app_tests";
-    static char* argv[] = {name, nullptr};
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    static QApplication* app = new QApplication(argc, argv);
-    (void)app;
+    MakeWidgetApplication();
 }
 
 void WriteHandOver(const QImage& picture, const QRect& rect) {
