@@ -3,6 +3,7 @@
 #include "app/FormPinned.h"
 #include "app/HandOver.h"
 #include "imaging/IEFileBuffer.h"
+#include "output/FormMsg.h"
 #include "support/Paths.h"
 #include "support/ProcessExit.h"
 
@@ -12,6 +13,9 @@ TFormPinned* CreateSessionForms(const QStringList& arguments, const THandOver& h
     // The forms live as long as the process; it never ends through them.
     auto* pinned = new TFormPinned(arguments);
     pinned->FormCreate(handOver);
+    auto* msg = new TFormMsg(pinned);
+    msg->FormCreate();
+    pinned->Bars.MsgVisible = [msg] { return msg->isVisible(); };
     return pinned;
 }
 

@@ -17,9 +17,9 @@ namespace {
 // such a form wires its calls and takes their names off this list; a call
 // left empty by a form that exists fails the test.
 const QStringList kCallsOfFormsNotBuiltYet = {
-    "ToolsVisible",     "UpdateBarLayout",   "ShowTools",      "HideTools",       "InitPicSave",
-    "ResetToolButtons", "SmallToolsVisible", "HideSmallTools", "RaiseSmallTools", "SavePathVisible",
-    "HideSavePath",     "RaiseSavePath",     "MsgVisible",
+    "ToolsVisible",    "UpdateBarLayout",  "ShowTools",         "HideTools",
+    "InitPicSave",     "ResetToolButtons", "SmallToolsVisible", "HideSmallTools",
+    "RaiseSmallTools", "SavePathVisible",  "HideSavePath",      "RaiseSavePath",
 };
 
 TEST(FormSequence, EveryCallOfThePinnedWindowIsAnsweredOnceAllFormsExist) {
@@ -30,9 +30,12 @@ TEST(FormSequence, EveryCallOfThePinnedWindowIsAnsweredOnceAllFormsExist) {
     EXPECT_EQ(pinned->Bars.MissingHooks(), kCallsOfFormsNotBuiltYet);
     EXPECT_EQ(FormPinned, pinned.get());
     EXPECT_EQ(Image_Front, pinned->Image_Front);
+    ASSERT_NE(FormMsg, nullptr);
+    EXPECT_TRUE(FormMsg->isWindow()) << "a window of its own, though the pinned one owns it";
     pinned.reset();
     EXPECT_EQ(FormPinned, nullptr) << "a form that goes leaves no stale variable";
     EXPECT_EQ(Image_Front, nullptr);
+    EXPECT_EQ(FormMsg, nullptr);
 }
 
 }  // namespace
