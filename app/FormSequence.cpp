@@ -4,15 +4,29 @@
 #include "app/HandOver.h"
 #include "imaging/IEFileBuffer.h"
 #include "output/FormMsg.h"
+#include "output/FormSavePath.h"
 #include "support/Paths.h"
 #include "support/ProcessExit.h"
 
 namespace qpt {
 
+namespace {
+
+void WireSavePath(TPinnedBars& bars, TFormSavePath* panel) {
+    bars.SavePathVisible = [panel] { return panel->isVisible(); };
+    bars.HideSavePath = [panel] { panel->hide(); };
+    bars.RaiseSavePath = [panel] { panel->raise(); };
+}
+
+}  // namespace
+
 TFormPinned* CreateSessionForms(const QStringList& arguments, const THandOver& handOver) {
     // The forms live as long as the process; it never ends through them.
     auto* pinned = new TFormPinned(arguments);
     pinned->FormCreate(handOver);
+    auto* savePath = new TFormSavePath(pinned);
+    savePath->FormCreate();
+    WireSavePath(pinned->Bars, savePath);
     auto* msg = new TFormMsg(pinned);
     msg->FormCreate();
     pinned->Bars.MsgVisible = [msg] { return msg->isVisible(); };

@@ -17,9 +17,8 @@ namespace {
 // such a form wires its calls and takes their names off this list; a call
 // left empty by a form that exists fails the test.
 const QStringList kCallsOfFormsNotBuiltYet = {
-    "ToolsVisible",    "UpdateBarLayout",  "ShowTools",         "HideTools",
-    "InitPicSave",     "ResetToolButtons", "SmallToolsVisible", "HideSmallTools",
-    "RaiseSmallTools", "SavePathVisible",  "HideSavePath",      "RaiseSavePath",
+    "ToolsVisible",     "UpdateBarLayout",   "ShowTools",      "HideTools",       "InitPicSave",
+    "ResetToolButtons", "SmallToolsVisible", "HideSmallTools", "RaiseSmallTools",
 };
 
 TEST(FormSequence, EveryCallOfThePinnedWindowIsAnsweredOnceAllFormsExist) {
@@ -32,10 +31,14 @@ TEST(FormSequence, EveryCallOfThePinnedWindowIsAnsweredOnceAllFormsExist) {
     EXPECT_EQ(Image_Front, pinned->Image_Front);
     ASSERT_NE(FormMsg, nullptr);
     EXPECT_TRUE(FormMsg->isWindow()) << "a window of its own, though the pinned one owns it";
+    ASSERT_NE(FormSavePath, nullptr);
+    EXPECT_TRUE(FormSavePath->isWindow());
+    EXPECT_FALSE(FormSavePath->isVisible()) << "the path panel waits for its button";
     pinned.reset();
     EXPECT_EQ(FormPinned, nullptr) << "a form that goes leaves no stale variable";
     EXPECT_EQ(Image_Front, nullptr);
     EXPECT_EQ(FormMsg, nullptr);
+    EXPECT_EQ(FormSavePath, nullptr);
 }
 
 }  // namespace
