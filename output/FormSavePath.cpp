@@ -71,7 +71,13 @@ TRdImageButton* MakeAlwaysTick(QWidget* parent) {
 
 TRdEdit* MakePathEdit(QWidget* parent) {
     auto* edit = new TRdEdit(parent);
+    // The field keeps its height over the input picture; the text is
+    // centred in it, light on the dark picture.
+    edit->SetAutoSize(false);
     edit->setGeometry(20, 44, 350, 24);
+    edit->FontNormal()->SetName(QStringLiteral("Segoe UI"));
+    edit->FontNormal()->SetHeight(-13);
+    edit->FontNormal()->SetColor(NamedSkinColor(QStringLiteral("text_color.cl_text_b")));
     edit->setReadOnly(true);
     edit->SetTextLeftMargin(5);
     edit->ImageNormal()->SetText(SkinImageText(QStringLiteral("input_normal")));
