@@ -1,5 +1,6 @@
 #include "app/FormSequence.h"
 
+#include "annotate/FormSmallTools.h"
 #include "app/FormPinned.h"
 #include "app/HandOver.h"
 #include "imaging/IEFileBuffer.h"
@@ -27,6 +28,12 @@ TFormPinned* CreateSessionForms(const QStringList& arguments, const THandOver& h
     auto* savePath = new TFormSavePath(pinned);
     savePath->FormCreate();
     WireSavePath(pinned->Bars, savePath);
+    auto* smallTools = new TFormSmallTools(pinned);
+    smallTools->FormCreate();
+    pinned->Bars.SmallToolsVisible = [smallTools] { return smallTools->isVisible(); };
+    pinned->Bars.HideSmallTools = [smallTools] { smallTools->hide(); };
+    // Back on top of the other stay-on-top windows, where it stands.
+    pinned->Bars.RaiseSmallTools = [smallTools] { smallTools->raise(); };
     auto* msg = new TFormMsg(pinned);
     msg->FormCreate();
     pinned->Bars.MsgVisible = [msg] { return msg->isVisible(); };

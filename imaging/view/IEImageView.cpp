@@ -368,4 +368,13 @@ void TIEImageView::LayersCancelEditors(bool accept) {
     Update();
 }
 
+void TIEImageView::LayersUpdateTextEditor() {
+    auto* layer = dynamic_cast<TIETextLayer*>(layers_.GetLayer(EditingLayer()));
+    if (!layer || !editor_) return;
+    IESaveUserUndo(*this, ieuLayer);
+    layer->SetText(editor_->Text());
+    Update();
+    editor_->Load(*layer, Zoom(), compositor_.LayerRect(*layer));
+}
+
 }  // namespace qpt

@@ -115,6 +115,9 @@ public:
     // The in-place text editor over a text layer.
     void LayersActivateTextEditor(int index);
     void LayersCancelEditors(bool accept);
+    // The style of the layer under edit changed: what was typed goes back
+    // to the layer (an undo step first) and the editor shows the new style.
+    void LayersUpdateTextEditor();
     int EditingLayer() const { return compositor_.EditingLayer; }
     TIETextControl* TextEditor() const { return editor_; }
 

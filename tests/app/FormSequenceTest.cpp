@@ -17,8 +17,7 @@ namespace {
 // such a form wires its calls and takes their names off this list; a call
 // left empty by a form that exists fails the test.
 const QStringList kCallsOfFormsNotBuiltYet = {
-    "ToolsVisible",     "UpdateBarLayout",   "ShowTools",      "HideTools",       "InitPicSave",
-    "ResetToolButtons", "SmallToolsVisible", "HideSmallTools", "RaiseSmallTools",
+    "ToolsVisible", "UpdateBarLayout", "ShowTools", "HideTools", "InitPicSave", "ResetToolButtons",
 };
 
 TEST(FormSequence, EveryCallOfThePinnedWindowIsAnsweredOnceAllFormsExist) {
@@ -29,6 +28,7 @@ TEST(FormSequence, EveryCallOfThePinnedWindowIsAnsweredOnceAllFormsExist) {
     EXPECT_EQ(pinned->Bars.MissingHooks(), kCallsOfFormsNotBuiltYet);
     EXPECT_EQ(FormPinned, pinned.get());
     EXPECT_EQ(Image_Front, pinned->Image_Front);
+    ASSERT_NE(FormSmallTools, nullptr);
     ASSERT_NE(FormMsg, nullptr);
     EXPECT_TRUE(FormMsg->isWindow()) << "a window of its own, though the pinned one owns it";
     ASSERT_NE(FormSavePath, nullptr);
@@ -37,6 +37,7 @@ TEST(FormSequence, EveryCallOfThePinnedWindowIsAnsweredOnceAllFormsExist) {
     pinned.reset();
     EXPECT_EQ(FormPinned, nullptr) << "a form that goes leaves no stale variable";
     EXPECT_EQ(Image_Front, nullptr);
+    EXPECT_EQ(FormSmallTools, nullptr);
     EXPECT_EQ(FormMsg, nullptr);
     EXPECT_EQ(FormSavePath, nullptr);
 }

@@ -1,0 +1,87 @@
+#include "annotate/FormSmallTools.h"
+
+#include <QThread>
+#include <cmath>
+
+#include "annotate/FontFamilies.h"
+#include "annotate/StyleRules.h"
+#include "app/session/SessionForms.h"
+#include "skin/RdComboBox.h"
+#include "skin/RdImageButton.h"
+#include "skin/RdLabel.h"
+#include "skin/ScaleForm.h"
+#include "support/QptMessages.h"
+#include "support/Scale.h"
+
+namespace qpt {
+
+TFormSmallTools::TFormSmallTools(QWidget* parent)
+    : QWidget(parent, Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::Tool) {
+    // Opening the bar must not take the keyboard from a text being typed.
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    resize(550, 255);
+    CreateComponents();
+    RegisterForm(qpt::FormSmallTools, this);
+}
+
+TFormSmallTools::~TFormSmallTools() {
+    if (fontThread_) fontThread_->wait();
+}
+
+void TFormSmallTools::FormCreate() {
+    lbl_PixelSize->SetCaption(QptMessages().Text(QStringLiteral("M_Screen_PixelSize")));
+    StartFontList();
+    SelectPen(1);
+    ScaleSkinnedForm(this);
+    if (!ScaleActive()) return;
+    for (TRdComboBox* combo : {FontSize_combox, Font_ComboBox}) {
+        combo->SetItemHeight(Scaled(24));
+        TDesignRect& margins = combo->BackgroundOption()->Rect();
+        margins.Set(20, 1, 30, 1, margins.StretchMode());
+    }
+}
+
+// The families are read on a thread of their own, so that the picture is
+// on the screen without waiting for the font caches.
+void TFormSmallTools::StartFontList() {
+    Font_ComboBox->setCurrentIndex(-1);
+    fontThread_ = QThread::create([this] { gatheredFonts_ = SystemFontFamilies(); });
+    connect(fontThread_, &QThread::finished, this, [this] {
+        if (!fontsReady_) FillFontList(gatheredFonts_);
+    });
+    fontThread_->start(QThread::LowPriority);
+}
+
+void TFormSmallTools::WaitForFontList() {
+    if (fontsReady_) return;
+    if (!fontThread_) {
+        FillFontList(SystemFontFamilies());
+        return;
+    }
+    fontThread_->wait();
+    FillFontList(gatheredFonts_);
+}
+
+void TFormSmallTools::FillFontList(const QStringList& families) {
+    Font_ComboBox->clear();
+    Font_ComboBox->addItems(families);
+    Font_ComboBox->setCurrentIndex(FamilyIndex(families, QStringLiteral("Tahoma")));
+    fontsReady_ = true;
+}
+
+int TFormSmallTools::Scaled(int designPixels) {
+    return ScaleActive() ? int(std::lround(designPixels * GetScaleFactor())) : designPixels;
+}
+
+void TFormSmallTools::SelectPen(int index) {
+    for (int i = 0; i < 3; ++i)
+        Btn_Pen[size_t(i)]->SetState(i == index ? TRdImageButton::bsSelected
+                                                : TRdImageButton::bsNormal);
+}
+
+void TFormSmallTools::SyncPenButtons(int width) {
+    const int index = PenButtonForWidth(width);
+    if (index >= 0) SelectPen(index);
+}
+
+}  // namespace qpt
