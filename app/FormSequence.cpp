@@ -19,6 +19,17 @@ void WireSavePath(TPinnedBars& bars, TFormSavePath* panel) {
     bars.RaiseSavePath = [panel] { panel->raise(); };
 }
 
+void WireSmallTools(TPinnedBars& bars, TFormSmallTools* bar) {
+    bars.SmallToolsVisible = [bar] { return bar->isVisible(); };
+    bars.HideSmallTools = [bar] { bar->hide(); };
+    // Back on top of the other stay-on-top windows, where it stands.
+    bars.RaiseSmallTools = [bar] { bar->raise(); };
+}
+
+void WireMsg(TPinnedBars& bars, TFormMsg* msg) {
+    bars.MsgVisible = [msg] { return msg->isVisible(); };
+}
+
 }  // namespace
 
 TFormPinned* CreateSessionForms(const QStringList& arguments, const THandOver& handOver) {
@@ -30,13 +41,10 @@ TFormPinned* CreateSessionForms(const QStringList& arguments, const THandOver& h
     WireSavePath(pinned->Bars, savePath);
     auto* smallTools = new TFormSmallTools(pinned);
     smallTools->FormCreate();
-    pinned->Bars.SmallToolsVisible = [smallTools] { return smallTools->isVisible(); };
-    pinned->Bars.HideSmallTools = [smallTools] { smallTools->hide(); };
-    // Back on top of the other stay-on-top windows, where it stands.
-    pinned->Bars.RaiseSmallTools = [smallTools] { smallTools->raise(); };
+    WireSmallTools(pinned->Bars, smallTools);
     auto* msg = new TFormMsg(pinned);
     msg->FormCreate();
-    pinned->Bars.MsgVisible = [msg] { return msg->isVisible(); };
+    WireMsg(pinned->Bars, msg);
     return pinned;
 }
 
