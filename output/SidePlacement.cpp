@@ -41,13 +41,13 @@ int ToolbarBackTop(const QRect& picture, int toolbarHeight, int screenHeight) {
 
 void PlaceBesideToolbar(QWidget* bar) {
     if (!bar || !FormTools || !FormPinned) return;
-    bar->move(FormTools->x(), SideBarTop(FormTools->geometry(), bar->height(), FormPinned->y(),
+    bar->move(FormTools->x(), SideBarTop(FormTools->frameGeometry(), bar->height(), FormPinned->y(),
                                          PrimaryScreenHeight(), DesktopTop()));
 }
 
 void PlaceToolbarBack() {
     if (!FormTools || !FormPinned) return;
-    FormTools->move(FormTools->x(), ToolbarBackTop(FormPinned->geometry(), FormTools->height(),
+    FormTools->move(FormTools->x(), ToolbarBackTop(FormPinned->frameGeometry(), FormTools->height(),
                                                    PrimaryScreenHeight()));
 }
 
