@@ -14,6 +14,13 @@ struct THandOver {
 
 THandOver ReadHandOver();
 
+// The rectangle from the four "StartPin" values, with Right and Bottom just
+// outside it. The sizes are worked out in 64 bits (the difference of two
+// 32-bit values may not fit in 32), and position and size are clamped to
+// what an X11 window can have: a host of another version that writes
+// extreme values still gets a window, never a process without one.
+QRect HandOverRect(int left, int top, int right, int bottom);
+
 // The picture file exists; without it the session ends before any window.
 bool HandOverPictureExists(const THandOver& handOver);
 

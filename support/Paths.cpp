@@ -11,7 +11,12 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QUrl>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <mutex>
 
+#include "support/LogManage.h"
 #include "support/SafeFileIo.h"
 #include "support/UserDirs.h"
 
@@ -37,15 +42,23 @@ QString WithoutTrailingSlash(QString path) {
     return path;
 }
 
+// A folder from the environment counts only when it is absolute: a relative
+// one would put our folders under whatever the current folder happens to be,
+// and the XDG rules say to ignore it.
+QString AbsoluteEnv(const char* name) {
+    const QString value = Env(name);
+    return value.startsWith('/') ? WithoutTrailingSlash(value) : QString();
+}
+
 QString Home() {
-    const QString home = Env("HOME");
-    return WithoutTrailingSlash(home.isEmpty() ? PasswordHome() : home);
+    const QString home = AbsoluteEnv("HOME");
+    return home.isEmpty() ? WithoutTrailingSlash(PasswordHome()) : home;
 }
 
 // A base folder from its XDG variable, else the home folder plus a fallback.
 QString XdgBase(const char* variable, const QString& underHome) {
-    const QString value = Env(variable);
-    if (QDir::isAbsolutePath(value)) return WithoutTrailingSlash(value);
+    const QString value = AbsoluteEnv(variable);
+    if (!value.isEmpty()) return value;
     const QString home = Home();
     return home.isEmpty() ? QString() : home + '/' + underHome;
 }
@@ -61,11 +74,37 @@ QString UserDir(const char* key, const QString& fallbackUnderHome) {
     return home.isEmpty() ? QString() : home + '/' + fallbackUnderHome;
 }
 
-// The folder is ours alone: a real folder (not a link), owned by us, 0700.
-bool IsPrivateFolder(const QByteArray& path) {
+// Why the folder may not hold our fixed file names, or empty when it is ours
+// alone: a real folder (not a link), owned by us, mode 0700.
+QString RefusalOf(const QByteArray& path) {
     struct stat st {};
-    if (::lstat(path.constData(), &st) != 0) return false;
-    return S_ISDIR(st.st_mode) && st.st_uid == ::getuid() && (st.st_mode & 07777) == 0700;
+    if (::lstat(path.constData(), &st) != 0)
+        return QStringLiteral("it cannot be looked at (%1)")
+            .arg(QString::fromLocal8Bit(strerror(errno)));
+    if (S_ISLNK(st.st_mode)) return QStringLiteral("it is a symbolic link");
+    if (!S_ISDIR(st.st_mode)) return QStringLiteral("it is not a folder");
+    if (st.st_uid != ::getuid())
+        return QStringLiteral("it belongs to user %1, not to user %2")
+            .arg(st.st_uid)
+            .arg(::getuid());
+    const mode_t mode = st.st_mode & 07777;
+    if (mode != 0700)
+        return QStringLiteral("its mode is %1, not 0700").arg(mode, 4, 8, QLatin1Char('0'));
+    return {};
+}
+
+// Each refusal is told once on standard error and in the log, not at every
+// look at the folder; a different folder or reason is told again.
+void TellRefusal(const QString& folder, const QString& reason) {
+    static std::mutex lock;
+    static QString told;
+    const QString message = QStringLiteral("QptPin: the private temporary folder %1 is refused: %2")
+                                .arg(folder, reason);
+    std::lock_guard guard(lock);
+    if (message == told) return;
+    told = message;
+    std::fprintf(stderr, "%s\n", message.toLocal8Bit().constData());
+    WriteLog(message);
 }
 
 }  // namespace
@@ -100,13 +139,22 @@ QString GetSpecialFolder(int number) {
 }
 
 QString GetTempFolder() {
-    const QString runtime = Env("XDG_RUNTIME_DIR");
-    const QString folder = runtime.isEmpty() ? QStringLiteral("/tmp/qpt-%1").arg(::getuid())
-                                             : WithoutTrailingSlash(runtime) + "/qpt";
+    const QString runtime = AbsoluteEnv("XDG_RUNTIME_DIR");
+    const QString folder =
+        runtime.isEmpty() ? QStringLiteral("/tmp/qpt-%1").arg(::getuid()) : runtime + "/qpt";
     const QByteArray native = QFile::encodeName(folder);
     // mkdir under a umask can only take bits away, never add group or other.
-    if (::mkdir(native.constData(), 0700) != 0 && errno != EEXIST) return {};
-    return IsPrivateFolder(native) ? folder + '/' : QString();
+    errno = 0;
+    if (::mkdir(native.constData(), 0700) != 0 && errno != EEXIST) {
+        TellRefusal(
+            folder,
+            QStringLiteral("it cannot be made (%1)").arg(QString::fromLocal8Bit(strerror(errno))));
+        return {};
+    }
+    const QString refusal = RefusalOf(native);
+    if (refusal.isEmpty()) return folder + '/';
+    TellRefusal(folder, refusal);
+    return {};
 }
 
 QString ProgramFolder() {

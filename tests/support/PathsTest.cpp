@@ -80,12 +80,22 @@ TEST(TempFolder, IsMadePrivateUnderTheRuntimeFolder) {
     EXPECT_EQ(GetTempFolder(), temp);  // a second call finds it in place
 }
 
-TEST(TempFolder, IsRefusedWhenOthersCanReachIt) {
+TEST(TempFolder, IsRefusedWhenOthersCanReachItAndTheReasonIsToldOnce) {
     ScratchHome env;
     const QString folder = env.runtimeDir() + "qpt";
     ASSERT_TRUE(QDir().mkpath(folder));
     ::chmod(QFile::encodeName(folder).constData(), 0755);
+    ::testing::internal::CaptureStderr();
     EXPECT_EQ(GetTempFolder(), "");
+    EXPECT_EQ(GetTempFolder(), "");
+    ::chmod(QFile::encodeName(folder).constData(), 0770);
+    EXPECT_EQ(GetTempFolder(), "");
+    EXPECT_EQ(::testing::internal::GetCapturedStderr(),
+              ("QptPin: the private temporary folder " + folder +
+               " is refused: its mode is 0755, not 0700\n"
+               "QptPin: the private temporary folder " +
+               folder + " is refused: its mode is 0770, not 0700\n")
+                  .toStdString());
 }
 
 TEST(TempFolder, IsRefusedWhenItIsALinkOrAFile) {
@@ -101,9 +111,11 @@ TEST(TempFolder, IsRefusedWhenItIsALinkOrAFile) {
     EXPECT_EQ(GetTempFolder(), "");
 }
 
-TEST(TempFolder, WithoutRuntimeFolderFallsBackToAPerUserFolderInTmp) {
+TEST(TempFolder, WithoutAnAbsoluteRuntimeFolderFallsBackToAPerUserFolderInTmp) {
     ScratchHome env;
     env.setEnv("XDG_RUNTIME_DIR", std::nullopt);
+    EXPECT_EQ(GetTempFolder(), QStringLiteral("/tmp/qpt-%1/").arg(::getuid()));
+    env.setEnv("XDG_RUNTIME_DIR", "run/user");
     EXPECT_EQ(GetTempFolder(), QStringLiteral("/tmp/qpt-%1/").arg(::getuid()));
 }
 
