@@ -48,6 +48,9 @@ const KnownKey kKnownKeys[] = {
     {"Hotkey", "nCapFullKey", "-1", HotkeyKeys{TTab_Hotkeys::kFullScreen, "CapFullKey"}},
     {"Hotkey", "nCapWinKey", "-1", HotkeyKeys{TTab_Hotkeys::kWindow, "CapWinKey"}},
     {"Hotkey", "nCaplongKey", "-1", HotkeyKeys{TTab_Hotkeys::kLong, "CaplongKey"}},
+    {"Share", "UploadUrl", kDefaultUploadUrl, &Settings::UploadUrl},
+    {"Share", "ClientId", kDefaultClientId, &Settings::ClientId},
+    {"Share", "CaFile", "", &Settings::CaFile},
 };
 
 template <class... F>

@@ -7,6 +7,11 @@
 
 namespace qpt {
 
+// Where a shared picture is posted: the public image host, unless section
+// "Share" names another (a test's, or a user's own host).
+inline constexpr char kDefaultUploadUrl[] = "https://api.imgur.com/3/image";
+inline constexpr char kDefaultClientId[] = "0f3e9b1d7a2c486";
+
 // The product's settings as read from "Main.ini" once at start-up. It is
 // never written back: this program changes settings through `WriteMainIni`
 // only, so the object may go stale and nothing depends on it staying fresh.
@@ -33,6 +38,9 @@ public:
     QString DefaultCapturePath;  // My Pictures plus "Zelk Screenshot/"
     quint8 ImageFormat = 0;
     qint32 JpegQuality = 90;  // 1..100
+    QString UploadUrl;
+    QString ClientId;
+    QString CaFile;  // empty: the system's certificate store
 };
 
 // The process-wide instance, made in module start-up (once; later calls keep

@@ -2,27 +2,22 @@
 
 #include <QUrl>
 
-#include "support/MainIni.h"
-
 namespace qpt {
 
 namespace {
 
-QString ReadShareKey(const char* key, const QString& defaultValue) {
-    const QString value =
-        ReadMainIni(QString::fromLatin1(kShareSection), QString::fromLatin1(key), defaultValue)
-            .trimmed();
-    return value.isEmpty() ? defaultValue : value;
+QString OrDefault(const QString& value, const QString& defaultValue) {
+    const QString trimmed = value.trimmed();
+    return trimmed.isEmpty() ? defaultValue : trimmed;
 }
 
 }  // namespace
 
-TUploadSettings ReadUploadSettings() {
-    const TUploadSettings defaults;
+TUploadSettings UploadSettingsOf(const TScreenRecordSettingsData& data) {
     TUploadSettings settings;
-    settings.uploadUrl = ReadShareKey("UploadUrl", defaults.uploadUrl);
-    settings.clientId = ReadShareKey("ClientId", defaults.clientId);
-    settings.caFile = ReadShareKey("CaFile", defaults.caFile);
+    settings.uploadUrl = OrDefault(data.UploadUrl, settings.uploadUrl);
+    settings.clientId = OrDefault(data.ClientId, settings.clientId);
+    settings.caFile = data.CaFile.trimmed();
     return settings;
 }
 

@@ -2,15 +2,11 @@
 
 #include <QString>
 
+#include "support/ScreenRecordSettingsData.h"
+
 namespace qpt {
 
-// Section "Share" of "Main.ini": where the picture is posted and with which
-// client id. A test, or a user behind an image host of their own, points
-// them elsewhere; the defaults are the public service.
-inline constexpr char kShareSection[] = "Share";
-inline constexpr char kDefaultUploadUrl[] = "https://api.imgur.com/3/image";
-inline constexpr char kDefaultClientId[] = "0f3e9b1d7a2c486";
-
+// Where the picture is posted, with which client id, trusting which CA.
 struct TUploadSettings {
     QString uploadUrl = QString::fromLatin1(kDefaultUploadUrl);
     QString clientId = QString::fromLatin1(kDefaultClientId);
@@ -19,8 +15,9 @@ struct TUploadSettings {
     QString caFile;
 };
 
-// Reads the section afresh; an empty value counts as missing.
-TUploadSettings ReadUploadSettings();
+// Section "Share" as the settings object read it; an emptied address or id
+// counts as missing.
+TUploadSettings UploadSettingsOf(const TScreenRecordSettingsData& data);
 
 // The upload address with the client id as query key "client_id", added
 // after any query the address already has.

@@ -6,6 +6,7 @@
 #include "output/share/UploadAnswer.h"
 #include "output/share/UploadSettings.h"
 #include "support/MainIni.h"
+#include "support/ScreenRecordSettingsData.h"
 #include "tests/common/ScratchHome.h"
 
 namespace qpt {
@@ -67,7 +68,7 @@ TEST(UploadAnswer, AnythingElseGivesNoLink) {
 
 TEST(UploadSettings, ThePublicHostUnlessTheShareSectionSaysOtherwise) {
     testing::ScratchHome home;
-    const TUploadSettings defaults = ReadUploadSettings();
+    const TUploadSettings defaults = UploadSettingsOf(TScreenRecordSettingsData());
     EXPECT_EQ(defaults.uploadUrl, "https://api.imgur.com/3/image");
     EXPECT_EQ(defaults.clientId, "0f3e9b1d7a2c486");
     EXPECT_TRUE(defaults.caFile.isEmpty());
@@ -76,13 +77,14 @@ TEST(UploadSettings, ThePublicHostUnlessTheShareSectionSaysOtherwise) {
     WriteMainIni("Share", "UploadUrl", "https://127.0.0.1:4443/3/image?v=2");
     WriteMainIni("Share", "ClientId", "a b&c");
     WriteMainIni("Share", "CaFile", "/tmp/ca.pem");
-    const TUploadSettings own = ReadUploadSettings();
+    const TUploadSettings own = UploadSettingsOf(TScreenRecordSettingsData());
     EXPECT_EQ(own.caFile, "/tmp/ca.pem");
     EXPECT_EQ(UploadAddress(own), "https://127.0.0.1:4443/3/image?v=2&client_id=a%20b%26c");
 
     // An emptied key is as good as missing.
     WriteMainIni("Share", "UploadUrl", " ");
-    EXPECT_EQ(ReadUploadSettings().uploadUrl, "https://api.imgur.com/3/image");
+    EXPECT_EQ(UploadSettingsOf(TScreenRecordSettingsData()).uploadUrl,
+              "https://api.imgur.com/3/image");
 }
 
 }  // namespace
