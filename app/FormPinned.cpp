@@ -51,6 +51,7 @@ void DressBar(TRdScrollBar& bar, const QString& normal, const QString& hot) {
 TFormPinned::TFormPinned(const QStringList& arguments, QWidget* parent)
     : QWidget(parent, Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::Tool),
       arguments_(arguments) {
+    setObjectName(QStringLiteral("FormPinned"));
     setWindowTitle(QStringLiteral("Zelk Screenshot"));
     setAttribute(Qt::WA_OpaquePaintEvent);
     QFont font(QStringLiteral("Tahoma"));
@@ -108,7 +109,7 @@ TFormPinned::~TFormPinned() {
 void TFormPinned::FormCreate(const THandOver& handOver) {
     ProductStatInit(ProgramFolder());
     DecideScale();
-    if (Language()) FetchMessageTexts(*Language());
+    ApplyLanguage();
     StartTime = QDateTime::currentDateTime();
     ZoomStep = 10;
     ZoomBaseWidth = 0;
@@ -120,6 +121,17 @@ void TFormPinned::FormCreate(const THandOver& handOver) {
     // The host's file may carry another extension than its content.
     Image_Front->IO().LoadFromFile(handOver.picturePath, true);
     SizeWindow(CurrentScreenLayout());
+}
+
+// The language is set once more, now that the settings may name another;
+// the program's own messages come with their own section.
+void TFormPinned::ApplyLanguage() {
+    TLanguage* language = Language();
+    if (!language) return;
+    language->SetLanguage(TLanguage::CurrentLanguageName());
+    language->TranslateForm(this);
+    language->AddSection(QStringLiteral("QPT_Main"));
+    FetchMessageTexts(*language);
 }
 
 void TFormPinned::DecideScale() {

@@ -61,6 +61,7 @@ protected:
 
 private:
     void DecideScale();
+    void ApplyLanguage();
     void ReadOutputDefaults();
     void SizeWindow(const TScreenLayout& screens);
     // The window rectangle the bars lay themselves out against.

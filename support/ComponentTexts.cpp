@@ -97,6 +97,8 @@ bool Translator::ApplyOwnClass() const {
     } else if (IsKindOf(object_, QLatin1StringView("TRdImageButton"))) {
         Property("Caption", QStringLiteral(".Caption"));
         Hint();
+    } else if (IsKindOf(object_, QLatin1StringView("TMenuItem"))) {
+        Property("Caption", QStringLiteral(".Caption"));
     } else if (IsKindOf(object_, QLatin1StringView("TRdLabel")) ||
                IsKindOf(object_, QLatin1StringView("TRdHtmLabel"))) {
         Property("Caption", QStringLiteral(".Caption"));

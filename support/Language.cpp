@@ -93,8 +93,13 @@ void TLanguage::TranslateForm(QWidget* form) const {
     if (!form || form->objectName().isEmpty()) return;
     const QString section = prefix_ + '_' + form->objectName();
     ApplyComponentTexts(form, [&](const QString& key, const QString& current) {
-        return GetIniText(section, key, current);
+        return ShownText(GetIniText(section, key, current));
     });
+}
+
+QString ShownText(const QString& text) {
+    QString shown = text;
+    return shown.replace(QLatin1StringView("%%"), QLatin1StringView("%"));
 }
 
 namespace {
@@ -104,8 +109,8 @@ std::unique_ptr<TLanguage>& Instance() {
 }
 }  // namespace
 
-void CreateLanguage(const QString& prefix) {
-    Instance() = std::make_unique<TLanguage>(prefix);
+void CreateLanguage(const QString& prefix, const QString& languagePath) {
+    Instance() = std::make_unique<TLanguage>(prefix, languagePath);
     Instance()->SetLanguage(TLanguage::CurrentLanguageName());
 }
 

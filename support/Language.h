@@ -69,9 +69,13 @@ private:
     QString loadedSections_;
 };
 
+// A text as the user sees it: "%%" stands for one "%", as the format routine
+// shows it. A "%s" stays for the caller to fill.
+QString ShownText(const QString& text);
+
 // The process-wide table: made with the prefix and set to the language of
-// the settings file.
-void CreateLanguage(const QString& prefix);
+// the settings file. The language folder defaults to the program's.
+void CreateLanguage(const QString& prefix, const QString& languagePath = {});
 // Null until CreateLanguage has run.
 TLanguage* Language();
 

@@ -83,7 +83,7 @@ TQptMessages::TQptMessages() {
 void TQptMessages::Fetch(const TLanguage& language) {
     for (const TMessageRow& row : kMessageRows) {
         const QString key = QLatin1StringView(row.key);
-        texts_.insert(key, language.GetText(key, QString::fromUtf8(row.english)));
+        texts_.insert(key, ShownText(language.GetText(key, QString::fromUtf8(row.english))));
     }
 }
 

@@ -7,6 +7,9 @@
 #include "app/FormPinned.h"
 #include "app/FormSequence.h"
 #include "app/session/SessionForms.h"
+#include "support/Language.h"
+#include "support/MainIni.h"
+#include "support/QptMessages.h"
 #include "tests/app/InProcessPin.h"
 #include "tests/common/ScratchHome.h"
 
@@ -40,6 +43,28 @@ TEST(FormSequence, EveryCallOfThePinnedWindowIsAnsweredOnceAllFormsExist) {
     EXPECT_EQ(FormSmallTools, nullptr);
     EXPECT_EQ(FormMsg, nullptr);
     EXPECT_EQ(FormSavePath, nullptr);
+}
+
+// The settings name a second language: what the forms show comes from its
+// file, where it has the text, and from the English one otherwise.
+TEST(FormSequence, TheFormsSpeakTheLanguageTheSettingsName) {
+    testing::MakeTestApplication();
+    testing::ScratchHome home;
+    const QString folder = home.root() + "Language/";
+    testing::WriteFile(folder + "English.lng", "[QPT_Main_M]\nM_OK=OK\n");
+    testing::WriteFile(folder + "Deutsch.lng",
+                       "\xEF\xBB\xBF[Main]\nDisplayName=Deutsch\n[QPT_Main_M]\n"
+                       "M_Screen_TipInfo=In der Zwischenablage: 100%% fertig.\n");
+    WriteMainIni("Main", "Language", "Deutsch");
+    CreateLanguage("QPT", folder);
+    testing::WriteHandOver(testing::PlainPicture(QSize(120, 80)), QRect(40, 50, 120, 80));
+    std::unique_ptr<TFormPinned> pinned(CreateSessionForms({"QptPin", "/QPTMain"}));
+    EXPECT_EQ(Language()->LanguageName(), "Deutsch");
+    EXPECT_EQ(QptMessages().Text("M_Screen_TipInfo"), "In der Zwischenablage: 100% fertig.");
+    EXPECT_EQ(QptMessages().Text("M_OK"), "OK");
+    // The next tests find the program's own language again.
+    CreateLanguage("QPT");
+    FetchMessageTexts(*Language());
 }
 
 }  // namespace

@@ -55,6 +55,15 @@ public:
     QStringList items;
 };
 
+// A skinned menu's entry: no widget, and it lives under its menu.
+class TMenuItem : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(QString Caption MEMBER caption)
+public:
+    using QObject::QObject;
+    QString caption;
+};
+
 class TImageNote : public QWidget {
     Q_OBJECT
     Q_PROPERTY(bool ShowHint MEMBER showHint)
@@ -235,6 +244,8 @@ struct TestForm {
     TLabelNote* note = new TLabelNote(&form);
     TImageNote* imageNote = new TImageNote(&form);
     QLabel* untouched = new QLabel("keep me", &form);
+    QObject* menu = new QObject(&form);
+    TMenuItem* menuItem = new TMenuItem(menu);
 
     TestForm() {
         form.setObjectName("FormTest");
@@ -252,7 +263,9 @@ struct TestForm {
                                                                      {html, "lbl_K"},
                                                                      {note, "note_L"},
                                                                      {imageNote, "img_M"},
-                                                                     {untouched, "lbl_N"}})
+                                                                     {untouched, "lbl_N"},
+                                                                     {menu, "Menu_P"},
+                                                                     {menuItem, "MenuQ"}})
             object->setObjectName(name);
         auto* page = new QWidget;
         page->setObjectName("tab_O");
@@ -266,6 +279,7 @@ struct TestForm {
         image->hint = "design hint";
         note->items = {"n0", "n1"};
         imageNote->setToolTip("design tip");
+        menuItem->caption = "design item";
     }
 };
 
@@ -276,7 +290,8 @@ TEST_F(LanguageTest, TranslateFormAppliesEveryRuleAndKeepsDesignTexts) {
              "cmb_G.Items[1].Caption=Two\ntv_H.Items[1].Caption=Child\n"
              "tv_H.Items[2].Caption=Second\nlv_I.Columns[1].Caption=Col\n"
              "Btn_Rd_J.Caption=Caption\nBtn_Rd_J.Hint=Hint\nlbl_K.Caption=Html\n"
-             "note_L.Items[0].Caption=Note\nimg_M.Hint=Tip\ntab_O.Caption=Tab\n");
+             "note_L.Items[0].Caption=Note\nimg_M.Hint=Tip\ntab_O.Caption=Tab\n"
+             "MenuQ.Caption=Item\n");
     TLanguage language("QPT", Folder());
     language.SetLanguage("English");
     TestForm f;
@@ -302,6 +317,24 @@ TEST_F(LanguageTest, TranslateFormAppliesEveryRuleAndKeepsDesignTexts) {
     // The image note's hint is switched off, so its key is not applied.
     EXPECT_EQ(f.imageNote->toolTip(), "design tip");
     EXPECT_EQ(f.untouched->text(), "keep me");
+    EXPECT_EQ(f.menuItem->caption, "Item");
+}
+
+// "%%" is how a translator writes a percent sign, in component texts and in
+// messages alike; a placeholder stays for the caller.
+TEST_F(LanguageTest, DoublePercentShowsAsOnePercent) {
+    WriteLng("English",
+             "[QPT_Main_M]\nM_Screen_ExitTipCap=100%% sure? Press %s\n"
+             "[QPT_FormTest]\nlbl_A.Caption=Zoom 100%%\n");
+    TLanguage language("QPT", Folder());
+    language.SetLanguage("English");
+    language.AddSection("QPT_Main");
+    TestForm f;
+    language.TranslateForm(&f.form);
+    EXPECT_EQ(f.label->text(), "Zoom 100%");
+    TQptMessages messages;
+    messages.Fetch(language);
+    EXPECT_EQ(FormatText(messages.Text("M_Screen_ExitTipCap"), "ESC"), "100% sure? Press ESC");
 }
 
 TEST_F(LanguageTest, TranslateFormFallsBackFromCurrentToEnglishFile) {
