@@ -2,7 +2,10 @@
 # layers apart, so every folder names the libraries of ours it may use.
 
 function(qpt_warnings target)
-  target_compile_options(${target} PRIVATE -Wall -Wextra -Werror)
+  target_compile_options(${target} PRIVATE -Wall -Wextra)
+  if(QPT_WERROR)
+    target_compile_options(${target} PRIVATE -Werror)
+  endif()
 endfunction()
 
 # qpt_folder_library(<name> [LINK libs...])

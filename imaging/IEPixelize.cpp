@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <optional>
 #include <vector>
 
 #if defined(__SSE2__)
@@ -31,13 +30,17 @@ class TDivider {
 public:
     static constexpr uint64_t kTableCounts = 1024;
 
-    explicit TDivider(uint64_t d) : d_(d), inv_(1.0 / double(d)) {
+    // Divides by d from now on; the table is made again only for a new d.
+    void SetCount(uint64_t d) {
+        if (d == d_) return;
+        d_ = d;
+        inv_ = 1.0 / double(d);
+        table_.clear();
         if (d > kTableCounts) return;
         table_.resize(size_t(255 * d + 1));
         for (size_t n = 0; n < table_.size(); ++n)
             table_[n] = uint8_t(n / d);
     }
-    uint64_t Count() const { return d_; }
     uint8_t operator()(uint64_t n) const {
         if (!table_.empty()) return table_[size_t(n)];
         uint64_t q = uint64_t(double(n) * inv_);
@@ -49,8 +52,8 @@ public:
     }
 
 private:
-    uint64_t d_;
-    double inv_;
+    uint64_t d_ = 0;
+    double inv_ = 0;
     std::vector<uint8_t> table_;
 };
 
@@ -92,31 +95,31 @@ public:
     // sides get loops the compiler can unroll: the per-block work dominates.
     void Average(int rows) {
         const uint64_t fullCount = uint64_t(block_) * uint64_t(rows);
-        if (!full_ || full_->Count() != fullCount) full_.emplace(fullCount);
+        full_.SetCount(fullCount);
         const int fullBlocks = width_ / block_;
         switch (block_) {
             case 2:
-                AverageRun<2>(0, fullBlocks, *full_);
+                AverageRun<2>(0, fullBlocks, full_);
                 break;
             case 3:
-                AverageRun<3>(0, fullBlocks, *full_);
+                AverageRun<3>(0, fullBlocks, full_);
                 break;
             case 4:
-                AverageRun<4>(0, fullBlocks, *full_);
+                AverageRun<4>(0, fullBlocks, full_);
                 break;
             case 5:
-                AverageRun<5>(0, fullBlocks, *full_);
+                AverageRun<5>(0, fullBlocks, full_);
                 break;
             case 6:
-                AverageRun<6>(0, fullBlocks, *full_);
+                AverageRun<6>(0, fullBlocks, full_);
                 break;
             default:
-                AverageRun<0>(0, fullBlocks, *full_);
+                AverageRun<0>(0, fullBlocks, full_);
         }
         const int rest = width_ - fullBlocks * block_;
         if (rest == 0) return;
-        edge_.emplace(uint64_t(rest) * uint64_t(rows));
-        AverageRun<0>(fullBlocks * block_, 1, *edge_, rest);
+        edge_.SetCount(uint64_t(rest) * uint64_t(rows));
+        AverageRun<0>(fullBlocks * block_, 1, edge_, rest);
     }
 
     const uint8_t* Colours() const {
@@ -149,7 +152,7 @@ private:
     int width_, block_;
     std::vector<uint32_t> columns_;
     std::vector<uint8_t> colours_;
-    std::optional<TDivider> full_, edge_;
+    TDivider full_, edge_;
 };
 
 void WriteRow(uint8_t* row, const uint8_t* colours, int width, const uint8_t* maskRow,
