@@ -1,22 +1,10 @@
 #include "app/ScreenLayout.h"
 
-#include <QGuiApplication>
-#include <QScreen>
 #include <algorithm>
 
 #include "skin/RdScrollBox.h"
 
 namespace qpt {
-
-TScreenLayout CurrentScreenLayout() {
-    TScreenLayout screens;
-    if (QScreen* primary = QGuiApplication::primaryScreen()) screens.primary = primary->geometry();
-    for (QScreen* screen : QGuiApplication::screens()) {
-        screens.monitors.append(screen->geometry());
-        screens.desktop |= screen->geometry();
-    }
-    return screens;
-}
 
 bool IsWholeScreenRect(const QRect& rect, const TScreenLayout& screens) {
     if (screens.monitors.size() <= 1) return rect == QRect(QPoint(0, 0), screens.primary.size());

@@ -1,21 +1,12 @@
 #pragma once
 
-#include <QList>
 #include <QRect>
+
+#include "support/ScreenLayout.h"
 
 namespace qpt {
 
 class TRdScrollBox;
-
-// The monitors as the pinned window sees them: the primary one first.
-struct TScreenLayout {
-    QRect primary;
-    QList<QRect> monitors;  // in the order the system lists them
-    QRect desktop;          // the union of all monitors
-};
-
-// Reads the screens of the running application.
-TScreenLayout CurrentScreenLayout();
 
 // The pinned picture covers one whole monitor or the whole desktop.
 bool IsWholeScreenRect(const QRect& rect, const TScreenLayout& screens);

@@ -285,6 +285,9 @@ public:
     // tool with 3 and puts it back with 0.
     void SetState(int state);
     bool MouseIn() const { return mouseIn_; }
+    // Lets a form light this button while the pointer is over another
+    // control laid upon it; leaving this button clears it again.
+    void SetMouseIn(bool value) { SetHover(value); }
     int IconState() const { return iconState_; }
     void SetIconState(int state);
     bool IconHot() const { return iconHot_; }
@@ -309,6 +312,12 @@ public:
 
     using PaintHandler = std::function<void(TRdImageButton& sender, QPainter& canvas)>;
     using Handler = std::function<void(TRdImageButton& sender)>;
+    using MouseHandler = std::function<void(TRdImageButton& sender, Qt::MouseButton button)>;
+    // A press and a release of any button, before the click they may make.
+    MouseHandler OnMouseDown;
+    MouseHandler OnMouseUp;
+    // The pointer came over the button, after the button has lit itself.
+    Handler OnMouseEnter;
     Handler OnClick;
     Handler IconOnClick;
     Handler CheckBoxBeforeClick;

@@ -16,6 +16,7 @@ bool TRdImageButton::event(QEvent* event) {
 void TRdImageButton::enterEvent(QEnterEvent* event) {
     lastMouse_ = event->position().toPoint();
     MouseEnter();
+    if (OnMouseEnter) OnMouseEnter(*this);
 }
 
 void TRdImageButton::leaveEvent(QEvent*) {
@@ -28,6 +29,7 @@ void TRdImageButton::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void TRdImageButton::mousePressEvent(QMouseEvent* event) {
+    if (OnMouseDown) OnMouseDown(*this, event->button());
     if (event->button() != Qt::LeftButton) return TRdGraphicControl::mousePressEvent(event);
     lastMouse_ = event->position().toPoint();
     pressed_ = true;
@@ -37,11 +39,15 @@ void TRdImageButton::mousePressEvent(QMouseEvent* event) {
 // A click is a release inside the button after a press on it, and it comes
 // before the release's own handling, which finds the button let go already.
 void TRdImageButton::mouseReleaseEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton) return TRdGraphicControl::mouseReleaseEvent(event);
+    if (event->button() != Qt::LeftButton) {
+        if (OnMouseUp) OnMouseUp(*this, event->button());
+        return TRdGraphicControl::mouseReleaseEvent(event);
+    }
     lastMouse_ = event->position().toPoint();
     const bool click = pressed_ && rect().contains(lastMouse_);
     pressed_ = false;
     if (click) Click();
+    if (OnMouseUp) OnMouseUp(*this, event->button());
     MouseUp(lastMouse_);
 }
 

@@ -119,13 +119,14 @@ TRdMenuForm* TRdSkinMenu::NewForm(TMenuItem* level, TRdMenuForm* parent) {
 void TRdSkinMenu::Popup(const QPoint& screenPos) {
     if (Showing()) Finish(true);
     dismissed_ = false;
-    if (OnShow) OnShow(*this);
     if (!HasVisibleItem(items_)) {
         dismissed_ = true;
         return;
     }
     TRdMenuForm* form = NewForm(items_, nullptr);
     form->move(FitOnScreen(QRect(screenPos, form->size()), screenPos.x() - 1, screenPos.y() - 1));
+    // The handler finds the window made and in place, and may move it.
+    if (OnShow) OnShow(*this);
     form->show();
     form->Ctrl()->setFocus();
     if (!modalMenu_) return;

@@ -126,6 +126,7 @@ public:
     void SetImages(TRdImageNoteList* value);
     TRdSkinClass* AllSkin() const { return allSkin_; }
 
+    // The menu's window is made and placed, and about to show.
     std::function<void(TRdSkinMenu& sender)> OnShow;
     std::function<void(TRdSkinMenu& sender)> OnHide;
     // An item of the menu changed while it is known to the menu.

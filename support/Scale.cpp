@@ -15,7 +15,19 @@ int ScaledBy(int value, int multiplier, int divider) {
     return value * multiplier / divider;
 }
 
+// Limits of a widget's size grow with it; an open limit stays open.
+void ScaleLimits(QWidget* widget, int multiplier, int divider) {
+    const auto scaled = [&](int limit) {
+        return limit == 0 || limit == QWIDGETSIZE_MAX ? limit
+                                                      : ScaledBy(limit, multiplier, divider);
+    };
+    const QSize low = widget->minimumSize(), high = widget->maximumSize();
+    widget->setMinimumSize(scaled(low.width()), scaled(low.height()));
+    widget->setMaximumSize(scaled(high.width()), scaled(high.height()));
+}
+
 void ScaleBy(QWidget* widget, int multiplier, int divider) {
+    ScaleLimits(widget, multiplier, divider);
     const QRect g = widget->geometry();
     // Top-level windows keep their place on the screen and only grow.
     const QPoint topLeft = widget->isWindow() ? g.topLeft()

@@ -101,6 +101,34 @@ TEST(RdImageButton, PressEndingOutsideGivesNoClickAndReturnsToNormal) {
     EXPECT_EQ(stage.Body(), kNormal);
 }
 
+// A form hears the mouse on the button, and may light the button while the
+// pointer is over something laid on top of it.
+TEST(RdImageButton, TellsItsFormOfEnterPressAndReleaseAroundTheClick) {
+    Stage stage;
+    WindowPointer pointer(stage.window);
+    TRdImageButton& button = *stage.button;
+    QStringList heard;
+    button.OnMouseEnter = [&](TRdImageButton&) { heard << "enter"; };
+    button.OnMouseDown = [&](TRdImageButton& b, Qt::MouseButton which) {
+        heard << QString("down %1 state %2").arg(int(which)).arg(b.ButtonState());
+    };
+    button.OnMouseUp = [&](TRdImageButton&, Qt::MouseButton which) {
+        heard << QString("up %1 clicks %2").arg(int(which)).arg(stage.clicks);
+    };
+    pointer.Move(button, kBody);
+    pointer.Press(button, kBody);
+    pointer.Release(button, kBody);
+    EXPECT_EQ(heard, QStringList({"enter", "down 1 state 0", "up 1 clicks 1"}));
+
+    pointer.Move(stage.window, kOutside);
+    ASSERT_FALSE(button.MouseIn());
+    button.SetMouseIn(true);
+    EXPECT_EQ(stage.Body(), kOver);
+    pointer.Move(button, kBody);
+    pointer.Move(stage.window, kOutside);
+    EXPECT_EQ(stage.Body(), kNormal) << "leaving puts it out";
+}
+
 TEST(RdImageButton, WithoutFullClickOnlyAPressOnTheIconMovesIt) {
     Stage stage;
     stage.AddIcon();
