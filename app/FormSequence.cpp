@@ -1,8 +1,10 @@
 #include "app/FormSequence.h"
 
 #include "annotate/FormSmallTools.h"
+#include "annotate/FormTools.h"
 #include "app/FormPinned.h"
 #include "app/HandOver.h"
+#include "app/session/SessionMessages.h"
 #include "imaging/IEFileBuffer.h"
 #include "output/FormMsg.h"
 #include "output/FormSavePath.h"
@@ -12,6 +14,14 @@
 namespace qpt {
 
 namespace {
+
+void WireToolbar(TPinnedBars& bars, TFormTools* tools) {
+    bars.ToolsVisible = [tools] { return tools->isVisible(); };
+    bars.UpdateBarLayout = [tools](const QRect& pinned) { tools->UpdateBarLayout(pinned); };
+    bars.ShowTools = [tools] { tools->ShowBar(); };
+    bars.HideTools = [tools] { tools->hide(); };
+    bars.ResetToolButtons = [tools] { PostSessionMessage(tools, kMsgResetToolButtons, 1, 0); };
+}
 
 void WireSavePath(TPinnedBars& bars, TFormSavePath* panel) {
     bars.SavePathVisible = [panel] { return panel->isVisible(); };
@@ -33,9 +43,13 @@ void WireMsg(TPinnedBars& bars, TFormMsg* msg) {
 }  // namespace
 
 TFormPinned* CreateSessionForms(const QStringList& arguments, const THandOver& handOver) {
-    // The forms live as long as the process; it never ends through them.
+    // The forms live as long as the process; it never ends through them. The
+    // others belong to the pinned window, so that they go with it.
     auto* pinned = new TFormPinned(arguments);
     pinned->FormCreate(handOver);
+    auto* tools = new TFormTools(pinned);
+    tools->FormCreate();
+    WireToolbar(pinned->Bars, tools);
     auto* savePath = new TFormSavePath(pinned);
     savePath->FormCreate();
     WireSavePath(pinned->Bars, savePath);

@@ -4,9 +4,12 @@
 
 #include <memory>
 
+#include "annotate/FormTools.h"
 #include "app/FormPinned.h"
 #include "app/FormSequence.h"
 #include "app/session/SessionForms.h"
+#include "skin/MenuItem.h"
+#include "skin/RdImageButton.h"
 #include "support/Language.h"
 #include "support/MainIni.h"
 #include "support/QptMessages.h"
@@ -20,7 +23,7 @@ namespace {
 // such a form wires its calls and takes their names off this list; a call
 // left empty by a form that exists fails the test.
 const QStringList kCallsOfFormsNotBuiltYet = {
-    "ToolsVisible", "UpdateBarLayout", "ShowTools", "HideTools", "InitPicSave", "ResetToolButtons",
+    "InitPicSave",
 };
 
 TEST(FormSequence, EveryCallOfThePinnedWindowIsAnsweredOnceAllFormsExist) {
@@ -54,7 +57,8 @@ TEST(FormSequence, TheFormsSpeakTheLanguageTheSettingsName) {
     testing::WriteFile(folder + "English.lng", "[QPT_Main_M]\nM_OK=OK\n");
     testing::WriteFile(folder + "Deutsch.lng",
                        "\xEF\xBB\xBF[Main]\nDisplayName=Deutsch\n[QPT_Main_M]\n"
-                       "M_Screen_TipInfo=In der Zwischenablage: 100%% fertig.\n");
+                       "M_Screen_TipInfo=In der Zwischenablage: 100%% fertig.\n"
+                       "M_Screen_Rect=Rechteck\nM_Share_Imgur=Imgur (Bildhoster)\n");
     WriteMainIni("Main", "Language", "Deutsch");
     CreateLanguage("QPT", folder);
     testing::WriteHandOver(testing::PlainPicture(QSize(120, 80)), QRect(40, 50, 120, 80));
@@ -62,6 +66,11 @@ TEST(FormSequence, TheFormsSpeakTheLanguageTheSettingsName) {
     EXPECT_EQ(Language()->LanguageName(), "Deutsch");
     EXPECT_EQ(QptMessages().Text("M_Screen_TipInfo"), "In der Zwischenablage: 100% fertig.");
     EXPECT_EQ(QptMessages().Text("M_OK"), "OK");
+    auto* tools = pinned->findChild<TFormTools*>();
+    ASSERT_NE(tools, nullptr);
+    EXPECT_EQ(tools->Btn_Rd_Rect->Hint(), "Rechteck");
+    EXPECT_EQ(tools->MenuImgur->Caption(), "Imgur (Bildhoster)");
+    EXPECT_EQ(tools->Btn_Rd_Ellip->Hint(), "Oval");
     // The next tests find the program's own language again.
     CreateLanguage("QPT");
     FetchMessageTexts(*Language());

@@ -12,6 +12,8 @@ namespace qpt::testing {
 // the programs it starts, and the test holds its own connection to look.
 class DisplayTest : public ::testing::Test {
 protected:
+    explicit DisplayTest(int width = 1920, int height = 1080) : display_(width, height) {}
+
     void SetUp() override {
         if (!display_.isRunning()) GTEST_SKIP() << "no Xvfb";
         env_.setEnv("DISPLAY", display_.name().toStdString());

@@ -1,0 +1,138 @@
+#pragma once
+
+#include <QRect>
+#include <QStringList>
+#include <QWidget>
+
+class QLabel;
+
+namespace qpt {
+
+class TMenuItem;
+class TRdImage;
+class TRdImageButton;
+class TRdImageNote;
+class TRdImageNoteList;
+class TRdSkinHint;
+class TRdSkinMenu;
+
+// The floating bar of the pinned picture: zoom, the size of the view, the
+// seven drawing tools, undo, exit, share, image search, copy and save. It
+// sits outside the picture, normally just under its lower right corner, and
+// the user cannot move it.
+class TFormTools : public QWidget {
+    Q_OBJECT
+public:
+    explicit TFormTools(QWidget* parent = nullptr);
+    ~TFormTools() override;
+
+    // Finds the host, takes the red dot off the search button once it has
+    // been seen, sets the texts and scales the bar.
+    void FormCreate();
+    // Hints and captions in the current language.
+    void ApplyLanguage();
+    // Lays the controls out from left to right for the pinned window's
+    // rectangle (screen coordinates), and keeps that rectangle.
+    void UpdateBarLayout(const QRect& pinned);
+    // Places the bar against the picture and the screens, and shows it above
+    // the other windows; a bar that was hidden forgets which tool's style bar
+    // was open.
+    void ShowBar();
+
+    // The bar's background and labels: clicks there only raise the path
+    // panel while its folder dialog is up.
+    void Image_BarBgMouseDown();
+    // Keeps the share menu's window on the screen.
+    void Menu_ShareShow();
+    // Puts every tool button back to normal, unless the style bar is up.
+    void ResetToolButtons();
+
+    // The zoom buttons: one step of the table, then the resize is asked of
+    // the pinned window after the click has returned.
+    void Rdbtn_enlargeClick();
+    void Rdbtn_shrinkClick();
+    void Btn_Rd_ShareClick();
+
+    // Clicks whose work comes with the tools, undo and exit, copy, save and
+    // share: this is where those flows connect. Until then they do nothing.
+    void Btn_Rd_RectClick();
+    void Btn_Rd_EllipClick();
+    void Btn_Rd_LineClick();
+    void Btn_Rd_ArrowClick();
+    void Btn_Rd_BrushClick();
+    void Btn_Rd_MosaicClick();
+    void Btn_Rd_FontClick();
+    void Btn_Rd_ReturnClick();
+    void Btn_Rd_DelClick();
+    void Btn_Rd_GoogleClick();
+    void Btn_Rd_CopyClick();
+    void Rd_SaveClick();
+    void btn_save_dropClick();
+    void MenuFacebookClick();
+    void MenuTwitterClick();
+    void MenuPinterestClick();
+    void MenuImgurClick();
+
+    // The seven tool buttons, in the order of the bar.
+    QList<TRdImageButton*> ToolButtons() const;
+
+    int EscCount = 0;
+    // The pinned window's rectangle at the last layout: left, top and the
+    // edges just past its right and bottom.
+    QRect PictureRect;
+
+    QWidget* Panel_Tools = nullptr;
+    TRdImageButton* Image_BarBg = nullptr;
+    TRdImageButton* Btn_Rd_Rect = nullptr;
+    TRdImageButton* Btn_Rd_Ellip = nullptr;
+    TRdImageButton* Btn_Rd_Font = nullptr;
+    TRdImageButton* Btn_Rd_Brush = nullptr;
+    TRdImageButton* Btn_Rd_Return = nullptr;
+    TRdImageButton* Btn_Rd_Copy = nullptr;
+    TRdImageButton* Btn_Rd_Del = nullptr;
+    TRdImageButton* Rd_Save = nullptr;
+    TRdImage* Image_BarDiv3 = nullptr;
+    QLabel* lbl_WinSize = nullptr;
+    TRdImage* Image_BarDiv1 = nullptr;
+    TRdImage* Image_BarDiv2 = nullptr;
+    TRdImageButton* btn_save_drop = nullptr;
+    TRdImageButton* Btn_Rd_Share = nullptr;
+    TRdImageButton* Rd_WordSave = nullptr;
+    TRdImageButton* Rd_WordCopy = nullptr;
+    TRdImageButton* Rdbtn_enlarge = nullptr;
+    TRdImageButton* Rdbtn_shrink = nullptr;
+    TRdImageButton* Btn_Rd_Google = nullptr;
+    TRdImageButton* Btn_Rd_Mosaic = nullptr;
+    TRdImageButton* Btn_Rd_Line = nullptr;
+    TRdImageButton* Btn_Rd_Arrow = nullptr;
+    QLabel* lbl_Porportion = nullptr;
+
+    TRdSkinMenu* Menu_Share = nullptr;
+    TMenuItem* MenuFacebook = nullptr;
+    TMenuItem* MenuTwitter = nullptr;
+    TMenuItem* MenuPinterest = nullptr;
+    TMenuItem* MenuImgur = nullptr;
+    TRdImageNoteList* ImgNoteList_Share = nullptr;
+    TRdImageNote* ImgNote_Share = nullptr;
+    TRdSkinHint* Hint_share = nullptr;
+
+protected:
+    bool event(QEvent* event) override;
+
+private:
+    void CreateComponents();
+    void CreateToolButtons();
+    void CreateOutputButtons();
+    void CreateZoomControls();
+    void CreateShareMenu();
+    void ConnectClicks();
+    void ConnectOverlays();
+    void ScaleBar();
+    void PlaceBar();
+    void UpdateLabels();
+    // Raises the path panel while its folder dialog is up; true when that
+    // was all a click may do.
+    bool FolderDialogHoldsClicks() const;
+};
+
+}  // namespace qpt
