@@ -12,6 +12,7 @@
 #include "app/HandOver.h"
 #include "app/PinnedSkin.h"
 #include "app/session/SessionForms.h"
+#include "app/session/SessionMessages.h"
 #include "app/session/SessionState.h"
 #include "imaging/IEImageLayer.h"
 #include "imaging/IEImageProc.h"
@@ -64,6 +65,10 @@ TFormPinned::TFormPinned(const QStringList& arguments, QWidget* parent)
     RdSB_ImageFont = new TRdScrollBox(this);
     DressBar(*RdSB_ImageFont->HScroll(), QStringLiteral("images/scrollbar_normal.png"),
              QStringLiteral("images/scrollbar_over.png"));
+    // The window only ever grows as wide as the picture and its vertical bar:
+    // a horizontal bar would cover the picture's bottom rows.
+    RdSB_ImageFont->HScroll()->SetAutoHide(false);
+    RdSB_ImageFont->HScroll()->hide();
     // The light thumb, as it stands over the picture.
     DressBar(*RdSB_ImageFont->VScroll(), QStringLiteral("images/scrollbar_white_normal.png"),
              QStringLiteral("images/scrollbar_white_over.png"));
@@ -110,7 +115,6 @@ void TFormPinned::FormCreate(const THandOver& handOver) {
     ProductStatInit(ProgramFolder());
     DecideScale();
     ApplyLanguage();
-    StartTime = QDateTime::currentDateTime();
     ZoomStep = 10;
     ZoomBaseWidth = 0;
     ReadOutputDefaults();
@@ -180,8 +184,6 @@ void TFormPinned::FormShow() {
     }
     const TIEBitmap& picture = *Image_Front->Layers().Background().Bitmap();
     Image_Front->resize(picture.Width(), picture.Height());
-    // From now on the bar comes and goes with the zoom.
-    if (!ShowsVerticalBar(*RdSB_ImageFont)) RdSB_ImageFont->VScroll()->SetAutoHide(true);
     InitialWidth = width();
     InitialHeight = height();
     if (IsWholeScreenRect(PinRect, CurrentScreenLayout()) && Bars.ToolsExist()) {
@@ -274,6 +276,10 @@ void TFormPinned::WMACTIVATEAPP(bool active) {
 }
 
 bool TFormPinned::event(QEvent* event) {
+    if (const TSessionMessage* message = AsSessionMessage(event)) {
+        if (message->Id == kMsgZoomStep) PinnedZoomStep(message->WParam);
+        return true;
+    }
     const bool result = QWidget::event(event);
 #ifdef QPT_TEST_HOOKS
     // The first paint of the window, for start-up measurements.

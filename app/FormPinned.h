@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QDateTime>
 #include <QStringList>
 #include <QWidget>
 
@@ -36,6 +35,9 @@ public:
     void Image_FrontMouseUp(Qt::MouseButton button);
     // The application gained (true) or lost the activation.
     void WMACTIVATEAPP(bool active);
+    // One zoom step was taken (wParam 1 up, 0 down): the window follows the
+    // picture's new size and the toolbar is laid out anew.
+    void PinnedZoomStep(int wParam);
 
     TRdSkinStyle* SkinStyle1 = nullptr;
     TRdFormSkin* RdFormSkinMain = nullptr;
@@ -49,7 +51,6 @@ public:
     int InitialWidth = 0;
     int InitialHeight = 0;
     int ZoomBaseWidth = 0;
-    QDateTime StartTime;
     // The skin package for the decided scale.
     QString SkinRccFile = QStringLiteral("classic.rcc");
     TPinnedBars Bars;
@@ -64,6 +65,7 @@ private:
     void ApplyLanguage();
     void ReadOutputDefaults();
     void SizeWindow(const TScreenLayout& screens);
+    void ResizeForZoom(bool up);
     // The window rectangle the bars lay themselves out against.
     QRect PinnedRect() const { return QRect(x(), y(), width(), height()); }
     void ArmToolForTests();
