@@ -52,4 +52,18 @@ private:
     std::vector<uint8_t> buffer_;
 };
 
+// The two ends every encoder offers besides a sink of the caller's:
+//     return IEEncodeIntoBuffer(out, [&](TIEByteSink& s) { return Encode(view, s); });
+template <class Encode>
+bool IEEncodeIntoBuffer(std::vector<uint8_t>& out, const Encode& encode) {
+    TIEBufferSink sink(out);
+    return encode(sink);
+}
+
+template <class Encode>
+bool IEEncodeIntoFd(int fd, const Encode& encode) {
+    TIEFdSink sink(fd);
+    return encode(sink) && sink.Flush();
+}
+
 }  // namespace qpt

@@ -79,13 +79,11 @@ bool IEEncodePng(const TIEPixelView& view, TIEByteSink& sink, const TIEPngOption
 
 bool IEEncodePng(const TIEPixelView& view, std::vector<uint8_t>& out,
                  const TIEPngOptions& options) {
-    TIEBufferSink sink(out);
-    return IEEncodePng(view, sink, options);
+    return IEEncodeIntoBuffer(out, [&](TIEByteSink& s) { return IEEncodePng(view, s, options); });
 }
 
 bool IEEncodePng(const TIEPixelView& view, int fd, const TIEPngOptions& options) {
-    TIEFdSink sink(fd);
-    return IEEncodePng(view, sink, options) && sink.Flush();
+    return IEEncodeIntoFd(fd, [&](TIEByteSink& s) { return IEEncodePng(view, s, options); });
 }
 
 }  // namespace qpt
