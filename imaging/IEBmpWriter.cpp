@@ -115,7 +115,9 @@ bool IEWriteBmp(const TIEBitmap& bitmap, QIODevice& device) {
 
 bool IEWriteBmpFile(const TIEBitmap& bitmap, const QString& path) {
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) return false;
+    // Unbuffered, so that a short write (a full disk) fails the write that
+    // made it: a failure inside a buffered flush would not stop the commit.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) return false;
     if (!IEWriteBmp(bitmap, file)) {
         file.cancelWriting();
         return false;
