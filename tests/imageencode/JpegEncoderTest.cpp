@@ -80,31 +80,6 @@ TEST(JpegEncoder, EveryLayoutDecodesToItsColours) {
     }
 }
 
-TEST(JpegEncoder, LowerQualityGivesSmallerFiles) {
-    const testing::TTestPicture picture(200, 150, TIEPixelLayout::Bgr24);
-    std::vector<uint8_t> low, high;
-    ASSERT_TRUE(IEEncodeJpeg(picture.View(), 20, low));
-    ASSERT_TRUE(IEEncodeJpeg(picture.View(), 95, high));
-    EXPECT_LT(low.size() * 2, high.size());
-    // Out-of-range qualities are clamped rather than refused.
-    std::vector<uint8_t> zero, one;
-    ASSERT_TRUE(IEEncodeJpeg(picture.View(), 0, zero));
-    ASSERT_TRUE(IEEncodeJpeg(picture.View(), 1, one));
-    EXPECT_EQ(zero, one);
-}
-
-TEST(JpegEncoder, BottomUpRowsComeOutUpright) {
-    const testing::TTestPicture picture = Blocks(TIEPixelLayout::Bgr24);
-    std::vector<uint8_t> down, up;
-    ASSERT_TRUE(IEEncodeJpeg(picture.View(), 90, down));
-    ASSERT_TRUE(IEEncodeJpeg(picture.BottomUpView(), 90, up));
-    const TDecodedJpeg a = DecodeJpeg(down), b = DecodeJpeg(up);
-    const uint8_t* topLeft = &a.Rgb[(16 * 96 + 16) * 3];
-    const uint8_t* flippedTopLeft = &b.Rgb[((63 - 16) * 96 + 16) * 3];
-    for (int c = 0; c < 3; ++c)
-        EXPECT_LE(std::abs(topLeft[c] - flippedTopLeft[c]), 2);
-}
-
 TEST(JpegEncoder, RefusesAnInvalidViewAndReportsAFullDevice) {
     std::vector<uint8_t> out;
     EXPECT_FALSE(IEEncodeJpeg(TIEPixelView{}, 90, out));

@@ -3,7 +3,6 @@
 #include <png.h>
 #include <unistd.h>
 
-#include <QTemporaryDir>
 #include <cstring>
 
 #include "imaging/encode/IEPngEncoder.h"
@@ -36,13 +35,14 @@ TDecoded DecodePng(const std::vector<uint8_t>& bytes) {
     return d;
 }
 
-// Counts differing pixels, so that a failure says how much went wrong.
-int Mismatches(const TTestPicture& picture, const TDecoded& d, bool alphaKept) {
+// Counts differing pixels, so that a failure says how much went wrong. A
+// bottom-up view shows the picture's rows in the other order.
+int Mismatches(const TTestPicture& picture, const TDecoded& d, bool alphaKept, bool bottomUp) {
     int wrong = 0;
     for (int y = 0; y < picture.Height; ++y)
         for (int x = 0; x < picture.Width; ++x) {
             uint8_t want[4];
-            picture.Rgba(x, y, want);
+            picture.Rgba(x, bottomUp ? picture.Height - 1 - y : y, want);
             if (!alphaKept) want[3] = 255;
             wrong += std::memcmp(want, &d.Rgba[(size_t(y) * d.Width + x) * 4], 4) != 0;
         }
@@ -53,6 +53,7 @@ struct TPngCase {
     TIEPixelLayout Layout;
     TIEAlphaOut Alpha;
     int Bands;
+    int Width = 131, Height = 97;
 };
 
 class PngRoundTrip : public ::testing::TestWithParam<TPngCase> {};
@@ -61,7 +62,7 @@ class PngRoundTrip : public ::testing::TestWithParam<TPngCase> {};
 // bands at places that cut through the picture's kinds of rows.
 TEST_P(PngRoundTrip, DecodesToThePixelsItWasGiven) {
     const TPngCase c = GetParam();
-    const TTestPicture picture(131, 97, c.Layout, 3);
+    const TTestPicture picture(c.Width, c.Height, c.Layout, 3);
     const bool alphaKept = c.Alpha == TIEAlphaOut::FromPixels && IEHasAlpha(c.Layout);
     for (const TIEPixelView& view : {picture.View(), picture.BottomUpView()}) {
         std::vector<uint8_t> png;
@@ -69,19 +70,9 @@ TEST_P(PngRoundTrip, DecodesToThePixelsItWasGiven) {
         const TDecoded d = DecodePng(png);
         ASSERT_TRUE(d.Ok);
         EXPECT_EQ(d.HasAlpha, c.Alpha != TIEAlphaOut::None);
-        ASSERT_EQ(d.Width, 131);
-        ASSERT_EQ(d.Height, 97);
-        if (view.Stride > 0) {
-            EXPECT_EQ(Mismatches(picture, d, alphaKept), 0);
-        } else {  // the decoded picture is upside down against the memory
-            std::vector<uint8_t> flipped(d.Rgba.size());
-            for (int y = 0; y < d.Height; ++y)
-                std::memcpy(&flipped[size_t(y) * d.Width * 4],
-                            &d.Rgba[size_t(d.Height - 1 - y) * d.Width * 4], size_t(d.Width) * 4);
-            TDecoded upright = d;
-            upright.Rgba = flipped;
-            EXPECT_EQ(Mismatches(picture, upright, alphaKept), 0);
-        }
+        ASSERT_EQ(d.Width, c.Width);
+        ASSERT_EQ(d.Height, c.Height);
+        EXPECT_EQ(Mismatches(picture, d, alphaKept, view.Stride < 0), 0);
     }
 }
 
@@ -93,7 +84,8 @@ INSTANTIATE_TEST_SUITE_P(
                       TPngCase{TIEPixelLayout::Bgra32, TIEAlphaOut::FromPixels, 5},
                       TPngCase{TIEPixelLayout::Bgra32, TIEAlphaOut::None, 0},
                       TPngCase{TIEPixelLayout::Rgb24, TIEAlphaOut::None, 97},
-                      TPngCase{TIEPixelLayout::Rgba32, TIEAlphaOut::Opaque, 4}));
+                      TPngCase{TIEPixelLayout::Rgba32, TIEAlphaOut::Opaque, 4},
+                      TPngCase{TIEPixelLayout::Bgra32, TIEAlphaOut::FromPixels, 16, 1, 1}));
 
 TEST(PngEncoder, SplittingIntoBandsKeepsTheRatio) {
     const TTestPicture picture(600, 400, TIEPixelLayout::Bgr24);
@@ -104,15 +96,6 @@ TEST(PngEncoder, SplittingIntoBandsKeepsTheRatio) {
     // and a few restarted matches are added.
     EXPECT_LT(double(four.size()), double(one.size()) * 1.01);
     EXPECT_EQ(DecodePng(one).Rgba, DecodePng(four).Rgba);
-}
-
-TEST(PngEncoder, TinyAndLargeBandCountsStillMakeOneStream) {
-    const TTestPicture picture(1, 1, TIEPixelLayout::Bgra32);
-    std::vector<uint8_t> png;
-    ASSERT_TRUE(IEEncodePng(picture.View(), png, {TIEAlphaOut::FromPixels, 16}));
-    const TDecoded d = DecodePng(png);
-    ASSERT_TRUE(d.Ok);
-    EXPECT_EQ(Mismatches(picture, d, true), 0);
 }
 
 TEST(PngEncoder, RefusesViewsThatDoNotDescribeAPicture) {
@@ -130,23 +113,8 @@ TEST(PngEncoder, RefusesViewsThatDoNotDescribeAPicture) {
     }
 }
 
-TEST(PngEncoder, WritesToADescriptorAndReportsAFullDevice) {
+TEST(PngEncoder, ReportsADescriptorThatTakesNoMore) {
     const TTestPicture picture(300, 200, TIEPixelLayout::Bgr24);
-    QTemporaryDir dir;
-    const std::string path = dir.filePath("out.png").toStdString();
-    const int fd = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
-    ASSERT_GE(fd, 0);
-    ASSERT_TRUE(IEEncodePng(picture.View(), fd));
-    ::close(fd);
-    std::vector<uint8_t> inMemory;
-    ASSERT_TRUE(IEEncodePng(picture.View(), inMemory));
-    std::vector<uint8_t> onDisk(inMemory.size() + 1);
-    const int in = ::open(path.c_str(), O_RDONLY);
-    EXPECT_EQ(::read(in, onDisk.data(), onDisk.size()), ssize_t(inMemory.size()));
-    ::close(in);
-    onDisk.resize(inMemory.size());
-    EXPECT_EQ(onDisk, inMemory);
-
     const int full = ::open("/dev/full", O_WRONLY);
     ASSERT_GE(full, 0);
     EXPECT_FALSE(IEEncodePng(picture.View(), full));
