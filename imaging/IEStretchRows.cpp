@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "imaging/IEVectorLoops.h"
+
 namespace qpt {
 
 TIEStretchColumns IEStretchColumns(const std::vector<int64_t>& xs, int width, bool linear) {
@@ -19,15 +21,6 @@ TIEStretchColumns IEStretchColumns(const std::vector<int64_t>& xs, int width, bo
 }
 
 namespace stretch_detail {
-
-// GCC vectorises at -O2 only when asked; clang does it anyway and rejects the
-// request as an unknown attribute. The default clone is plain x86-64.
-#if defined(__clang__)
-#define QPT_CLONED_LOOP __attribute__((target_clones("avx2", "default")))
-#else
-#define QPT_CLONED_LOOP \
-    __attribute__((target_clones("avx2", "default"), optimize("tree-vectorize")))
-#endif
 
 // r0 (256 - f) + r1 f per byte, 0..65280.
 QPT_CLONED_LOOP void BlendBytes(const uint8_t* r0, const uint8_t* r1, uint32_t f, uint16_t* out,

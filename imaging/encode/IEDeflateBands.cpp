@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <thread>
 
+#include "imaging/IEVectorLoops.h"
+
 namespace qpt {
 
 namespace {
@@ -60,6 +62,30 @@ private:
     bool ok_ = false;
 };
 
+constexpr uint32_t kAdlerBase = 65521;
+// The longest run whose weighted byte sum still fits in 32 bits.
+constexpr size_t kAdlerBlock = 5552;
+
+// zlib's checksum, as a weighted sum that vectorises: over a block of n
+// bytes, a grows by their sum and b by n times the old a plus each byte
+// times its distance from the block's end. zlib's own loop is serial and
+// took a twelfth of the encoder's time.
+QPT_CLONED_LOOP uLong Adler32(uLong adler, const uint8_t* data, size_t size) {
+    uint32_t a = adler & 0xFFFF, b = adler >> 16;
+    while (size > 0) {
+        const size_t n = std::min(size, kAdlerBlock);
+        uint32_t sum = 0, weighted = 0;
+        for (size_t i = 0; i < n; ++i) {
+            sum += data[i];
+            weighted += uint32_t(n - i) * data[i];
+        }
+        b = uint32_t((b + uint64_t(n) * a + weighted) % kAdlerBase);
+        a = (a + sum) % kAdlerBase;
+        data += n, size -= n;
+    }
+    return uLong(b) << 16 | a;
+}
+
 // The dictionary: the last window of the data just before the band.
 std::vector<uint8_t> Dictionary(TIERowProducer& rows, int first) {
     const size_t rowBytes = rows.RowBytes();
@@ -94,7 +120,7 @@ void Compress(TBand& band, int level, const TIERowProducerFactory& factory) {
         rows->Start(band.First);
         for (int y = band.First; y < band.End && deflater.Ok(); ++y) {
             rows->Next(row.data());
-            band.Adler = adler32(band.Adler, row.data(), uInt(row.size()));
+            band.Adler = Adler32(band.Adler, row.data(), row.size());
             const int flush = y + 1 < band.End ? Z_NO_FLUSH : band.Last ? Z_FINISH : Z_SYNC_FLUSH;
             deflater.Put(row.data(), row.size(), flush, band.Bytes, used);
         }

@@ -3,26 +3,33 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "imaging/IEVectorLoops.h"
+
 namespace qpt {
 
 namespace {
 
 enum : uint8_t { kNone = 0, kSub = 1, kUp = 2, kAverage = 3, kPaeth = 4 };
 
-// The loops below are written plainly over bytes so that the compiler turns
-// them into vector code; the first pixel of a row has no left neighbour.
-void FilterSub(const uint8_t* cur, size_t n, size_t bpp, uint8_t* out) {
+// The loops below are written plainly over bytes, on pointers that do not
+// overlap, so that the compiler turns them into vector code; they take a
+// fifth of the encoder's time in plain code. The first pixel of a row has
+// no left neighbour.
+QPT_CLONED_LOOP void FilterSub(const uint8_t* __restrict cur, size_t n, size_t bpp,
+                               uint8_t* __restrict out) {
     std::memcpy(out, cur, bpp);
     for (size_t i = bpp; i < n; ++i)
         out[i] = uint8_t(cur[i] - cur[i - bpp]);
 }
 
-void FilterUp(const uint8_t* cur, const uint8_t* prev, size_t n, uint8_t* out) {
+QPT_CLONED_LOOP void FilterUp(const uint8_t* __restrict cur, const uint8_t* __restrict prev,
+                              size_t n, uint8_t* __restrict out) {
     for (size_t i = 0; i < n; ++i)
         out[i] = uint8_t(cur[i] - prev[i]);
 }
 
-void FilterAverage(const uint8_t* cur, const uint8_t* prev, size_t n, size_t bpp, uint8_t* out) {
+QPT_CLONED_LOOP void FilterAverage(const uint8_t* __restrict cur, const uint8_t* __restrict prev,
+                                   size_t n, size_t bpp, uint8_t* __restrict out) {
     for (size_t i = 0; i < bpp; ++i)
         out[i] = uint8_t(cur[i] - (prev[i] >> 1));
     for (size_t i = bpp; i < n; ++i)
@@ -34,7 +41,8 @@ inline uint8_t PaethPredictor(int a, int b, int c) {
     return uint8_t(pa <= pb && pa <= pc ? a : pb <= pc ? b : c);
 }
 
-void FilterPaeth(const uint8_t* cur, const uint8_t* prev, size_t n, size_t bpp, uint8_t* out) {
+QPT_CLONED_LOOP void FilterPaeth(const uint8_t* __restrict cur, const uint8_t* __restrict prev,
+                                 size_t n, size_t bpp, uint8_t* __restrict out) {
     for (size_t i = 0; i < bpp; ++i)
         out[i] = uint8_t(cur[i] - prev[i]);
     for (size_t i = bpp; i < n; ++i)
@@ -42,14 +50,14 @@ void FilterPaeth(const uint8_t* cur, const uint8_t* prev, size_t n, size_t bpp, 
 }
 
 // Residuals read as signed bytes: small either side of zero is cheap.
-uint64_t AbsoluteSum(const uint8_t* row, size_t n) {
+QPT_CLONED_LOOP uint64_t AbsoluteSum(const uint8_t* row, size_t n) {
     uint64_t sum = 0;
     for (size_t i = 0; i < n; ++i)
         sum += row[i] < 128 ? row[i] : 256 - row[i];
     return sum;
 }
 
-size_t Zeros(const uint8_t* row, size_t n) {
+QPT_CLONED_LOOP size_t Zeros(const uint8_t* row, size_t n) {
     size_t zeros = 0;
     for (size_t i = 0; i < n; ++i)
         zeros += row[i] == 0;
