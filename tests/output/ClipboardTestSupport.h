@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+#include "tests/common/DisplayTest.h"
+#include "tests/output/PasteClient.h"
+
+namespace qpt::testing {
+
+// A display of its own for each test, a second client on it, and the
+// program's side of a copy played by a process that ends right after.
+class ClipboardTest : public DisplayTest {
+protected:
+    void SetUp() override;
+
+    // The copy driver's exit code: 0 when the holder owned the clipboard.
+    int CopyPicture(int width, int height, int seed);
+    int CopyText(const QString& text);
+    // What xclip pastes for the target, as a user's paste would.
+    QByteArray Xclip(const char* target);
+    // The program's log as text, empty when there is none.
+    QString LogText() const;
+
+    std::unique_ptr<PasteClient> client_;
+};
+
+// Runs a program to its end; its standard output, or nothing on a failure.
+QByteArray RunProgram(const QString& program, const QStringList& arguments, int* exitCode = nullptr,
+                      int timeoutMs = 20000);
+
+}  // namespace qpt::testing
