@@ -4,11 +4,13 @@
 #include <poll.h>
 #include <spawn.h>
 #include <sys/mman.h>
+#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <QFile>
 #include <chrono>
+#include <functional>
 #include <vector>
 
 #include "imaging/IEBmpWriter.h"
@@ -55,7 +57,8 @@ bool WriteAll(int fd, const char* data, std::size_t size) {
 // Waits for the holder's one word; anything but "owned" (an other word, the
 // pipe closed, no word in time) is a failure.
 bool OwnedReported(int fd) {
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::milliseconds(kReportWaitMs);
+    const auto deadline =
+        std::chrono::steady_clock::now() + std::chrono::milliseconds(kReportWaitMs);
     for (;;) {
         const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(
             deadline - std::chrono::steady_clock::now());
@@ -77,8 +80,8 @@ std::vector<std::string> HolderArguments(const QString& holder, const char* kind
     return args;
 }
 
-// Starts the holder with the content and the report pipe on its agreed
-// descriptors, and nothing of this process's standard streams.
+// Starts the holder with the memory file and its end of the socket pair on
+// the agreed descriptors, and nothing of this process's standard streams.
 pid_t Spawn(const std::vector<std::string>& args, int content, int report) {
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
@@ -106,15 +109,25 @@ pid_t Spawn(const std::vector<std::string>& args, int content, int report) {
     return pid;
 }
 
-bool HandOver(const QString& holder, const char* kind, Descriptor& content) {
-    int pipeFds[2];
-    if (::pipe2(pipeFds, O_CLOEXEC) != 0) return false;
-    Descriptor reportRead(pipeFds[0]), reportWrite(pipeFds[1]);
-    const pid_t pid = Spawn(HolderArguments(holder, kind), content.get(), reportWrite.get());
-    content.Close();
-    reportWrite.Close();
+// Starts the holder first, so that it loads and connects to the display
+// while the content is written; then tells it that the content is there and
+// waits for its word.
+bool HandOver(const QString& holder, const char* kind,
+              const std::function<bool(int fd)>& writeContent) {
+    Descriptor content(::memfd_create("qpt-clipboard", MFD_CLOEXEC));
+    int ends[2];
+    if (content.get() < 0 || ::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0)
+        return false;
+    Descriptor ours(ends[0]), theirs(ends[1]);
+    const pid_t pid = Spawn(HolderArguments(holder, kind), content.get(), theirs.get());
+    theirs.Close();
     if (pid < 0) return false;
-    const bool owned = OwnedReported(reportRead.get());
+    bool owned = false;
+    // A holder that is gone already must not take this process with it.
+    if (writeContent(content.get()) &&
+        ::send(ours.get(), &holder::kContentReady, 1, MSG_NOSIGNAL) == 1)
+        owned = OwnedReported(ours.get());
+    ours.Close();
     // The holder's first process only detaches the one that stays, and has
     // ended by now or ends at once.
     ::waitpid(pid, nullptr, 0);
@@ -128,23 +141,19 @@ QString ClipboardHolderPath() {
 }
 
 bool HandPictureToClipboard(const TIEBitmap& picture, const QString& holder) {
-    Descriptor content(::memfd_create("qpt-clipboard-picture", MFD_CLOEXEC));
-    if (content.get() < 0) return false;
-    QFile file;
-    if (!file.open(content.get(), QIODevice::WriteOnly | QIODevice::Unbuffered,
-                   QFileDevice::DontCloseHandle) ||
-        !IEWriteBmp(picture, file))
-        return false;
-    file.close();
-    return HandOver(holder, holder::kPictureSwitch, content);
+    return HandOver(holder, holder::kPictureSwitch, [&picture](int fd) {
+        QFile file;
+        return file.open(fd, QIODevice::WriteOnly | QIODevice::Unbuffered,
+                         QFileDevice::DontCloseHandle) &&
+               IEWriteBmp(picture, file);
+    });
 }
 
 bool HandTextToClipboard(const QString& text, const QString& holder) {
-    Descriptor content(::memfd_create("qpt-clipboard-text", MFD_CLOEXEC));
     const QByteArray utf8 = text.toUtf8();
-    if (content.get() < 0 || !WriteAll(content.get(), utf8.constData(), std::size_t(utf8.size())))
-        return false;
-    return HandOver(holder, holder::kTextSwitch, content);
+    return HandOver(holder, holder::kTextSwitch, [&utf8](int fd) {
+        return WriteAll(fd, utf8.constData(), std::size_t(utf8.size()));
+    });
 }
 
 }  // namespace qpt

@@ -30,39 +30,40 @@ bool MasksAreBgra(std::span<const uint8_t> file) {
            U32(file, m + 12) == 0xFF000000u;
 }
 
-// Channels of a supported pixel layout, 0 for any other.
-int ChannelsOf(std::span<const uint8_t> file) {
+std::optional<TIEPixelLayout> LayoutOf(std::span<const uint8_t> file) {
     const uint16_t bits = U16(file, 28);
     const uint32_t compression = U32(file, 30);
-    if (bits == 24 && compression == kUncompressed) return 3;
-    if (bits == 32 && compression == kBitFields && MasksAreBgra(file)) return 4;
-    return 0;
+    if (bits == 24 && compression == kUncompressed) return TIEPixelLayout::Bgr24;
+    if (bits == 32 && compression == kBitFields && MasksAreBgra(file))
+        return TIEPixelLayout::Bgra32;
+    return std::nullopt;
 }
 
 }  // namespace
 
-std::optional<BmpRows> ReadBmpRows(std::span<const uint8_t> file) {
+std::optional<TIEPixelView> ReadBmpRows(std::span<const uint8_t> file) {
     if (file.size() < kFileHeader + kInfoHeader || file[0] != 'B' || file[1] != 'M') return {};
     if (U32(file, 14) < kInfoHeader || U16(file, 26) != 1) return {};
     const int64_t width = int32_t(U32(file, 18));
     const int64_t signedHeight = int32_t(U32(file, 22));
     const int64_t height = std::llabs(signedHeight);
     if (width <= 0 || width > kMaxSide || height == 0 || height > kMaxSide) return {};
-    BmpRows rows;
-    rows.channels = ChannelsOf(file);
-    if (rows.channels == 0) return {};
-    const int64_t rowBytes = (width * rows.channels + 3) / 4 * 4;
+    const std::optional<TIEPixelLayout> layout = LayoutOf(file);
+    if (!layout) return {};
+    const int64_t rowBytes = (width * IEBytesPerPixel(*layout) + 3) / 4 * 4;
     const int64_t offset = U32(file, 10);
     if (offset < int64_t(kFileHeader + kInfoHeader) || offset > int64_t(file.size()) ||
         rowBytes * height > int64_t(file.size()) - offset)
         return {};
-    rows.width = int(width);
-    rows.height = int(height);
     const uint8_t* first = file.data() + offset;
     const bool bottomUp = signedHeight > 0;
-    rows.top = bottomUp ? first + (height - 1) * rowBytes : first;
-    rows.stride = bottomUp ? -rowBytes : rowBytes;
-    return rows;
+    TIEPixelView view;
+    view.Pixels = bottomUp ? first + (height - 1) * rowBytes : first;
+    view.Width = int(width);
+    view.Height = int(height);
+    view.Stride = bottomUp ? -rowBytes : rowBytes;
+    view.Layout = *layout;
+    return view;
 }
 
 }  // namespace qpt::holder

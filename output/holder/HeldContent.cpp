@@ -23,7 +23,7 @@ bool HeldContent::Load(int fd, bool picture) {
         data_ = static_cast<const uint8_t*>(map);
     }
     if (!picture) return true;
-    const std::optional<BmpRows> rows = ReadBmpRows(Bytes());
+    const std::optional<TIEPixelView> rows = ReadBmpRows(Bytes());
     if (!rows) return false;
     rows_ = *rows;
     return true;

@@ -27,7 +27,7 @@ public:
 
     bool IsPicture() const { return picture_; }
     std::span<const uint8_t> Bytes() const { return {data_, size_}; }
-    const BmpRows& Rows() const { return rows_; }
+    const TIEPixelView& Rows() const { return rows_; }
 
     PngState Png() const { return pngState_.load(std::memory_order_acquire); }
     // Valid once Png() is Ready.
@@ -39,7 +39,7 @@ private:
     bool picture_ = false;
     const uint8_t* data_ = nullptr;
     std::size_t size_ = 0;
-    BmpRows rows_;
+    TIEPixelView rows_;
     std::vector<uint8_t> png_;
     std::atomic<PngState> pngState_{PngState::Encoding};
 };

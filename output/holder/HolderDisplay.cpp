@@ -96,8 +96,8 @@ xcb_timestamp_t HolderDisplay::ServerTime() {
 
 bool HolderDisplay::TakeClipboard(xcb_timestamp_t time) {
     xcb_set_selection_owner(c_, window_, atoms_.clipboard, time);
-    auto reply =
-        Own(xcb_get_selection_owner_reply(c_, xcb_get_selection_owner(c_, atoms_.clipboard), nullptr));
+    auto reply = Own(
+        xcb_get_selection_owner_reply(c_, xcb_get_selection_owner(c_, atoms_.clipboard), nullptr));
     return reply && reply->owner == window_;
 }
 

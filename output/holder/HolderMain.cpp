@@ -1,5 +1,6 @@
 #include "output/holder/HolderMain.h"
 
+#include <errno.h>
 #include <signal.h>
 #include <sys/eventfd.h>
 #include <unistd.h>
@@ -47,6 +48,17 @@ void Detach() {
     ::signal(SIGPIPE, SIG_IGN);
 }
 
+// The program writes the content while the holder starts; a closed socket
+// instead of the word means that the copy was given up.
+bool ContentReady() {
+    char word = 0;
+    ssize_t n = 0;
+    do
+        n = ::read(kReportFd, &word, 1);
+    while (n < 0 && errno == EINTR);
+    return n == 1 && word == kContentReady;
+}
+
 bool Report(char word) {
     const bool told = ::write(kReportFd, &word, 1) == 1;
     ::close(kReportFd);
@@ -68,13 +80,15 @@ bool TakeOwnership(HolderDisplay& display, xcb_timestamp_t& time) {
 int RunHolder(int argc, char** argv) {
     const Options options = ReadOptions(argc, argv);
     Detach();
+    HolderDisplay display;
+    display.Connect();
     HeldContent content;
+    if (!ContentReady()) return 2;
     if (!options.valid || !content.Load(kContentFd, options.picture)) {
         Report(kReportFailed);
         return 2;
     }
     ::close(kContentFd);
-    HolderDisplay display;
     xcb_timestamp_t ownedSince = XCB_CURRENT_TIME;
     const bool owned = TakeOwnership(display, ownedSince);
     // Nobody waiting for the word means that the copy was given up.

@@ -1,9 +1,11 @@
 #pragma once
 
 // What the program and its clipboard holder agree on. The program starts the
-// holder with the content in a memory file on descriptor kContentFd and the
-// write end of a pipe on kReportFd; the holder writes one byte to the pipe
-// once it owns CLIPBOARD (or has given up) and closes it.
+// holder with a memory file on descriptor kContentFd and one end of a socket
+// pair on kReportFd, and writes the content while the holder starts and
+// connects to the display. Then it sends kContentReady (or closes its end:
+// nothing to hold), and the holder answers with one byte once it owns
+// CLIPBOARD or has given up.
 namespace qpt::holder {
 
 inline constexpr char kProgramName[] = "QptClipboard";
@@ -17,6 +19,7 @@ inline constexpr char kTextSwitch[] = "--text";
 // Optional, followed by the path of the program's log.
 inline constexpr char kLogSwitch[] = "--log";
 
+inline constexpr char kContentReady = 'R';
 inline constexpr char kReportOwned = 'O';
 inline constexpr char kReportFailed = 'F';
 

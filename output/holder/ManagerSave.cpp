@@ -19,7 +19,8 @@ bool ManagerSave::Ask(const std::vector<xcb_atom_t>& targets, xcb_timestamp_t ti
     return true;
 }
 
-ManagerSave::Outcome ManagerSave::OnSelectionNotify(const xcb_selection_notify_event_t& event) const {
+ManagerSave::Outcome ManagerSave::OnSelectionNotify(
+    const xcb_selection_notify_event_t& event) const {
     const Atoms& atoms = display_.atoms();
     if (event.requestor != display_.Window() || event.selection != atoms.manager ||
         event.target != atoms.saveTargets)

@@ -4,11 +4,18 @@
 
 #include <thread>
 
+#include "imaging/encode/IEPngEncoder.h"
+
 namespace qpt::holder {
 
 void StartPngEncoding(HeldContent& content, int readyFd) {
     std::thread([&content, readyFd] {
-        content.SetPng({});  // TODO wire the engine's PNG encoder
+        const TIEPixelView& rows = content.Rows();
+        const TIEPngOptions options{IEHasAlpha(rows.Layout) ? TIEAlphaOut::FromPixels
+                                                            : TIEAlphaOut::None};
+        std::vector<uint8_t> png;
+        if (!IEEncodePng(rows, png, options)) png.clear();
+        content.SetPng(std::move(png));
         ::eventfd_write(readyFd, 1);
     }).detach();
 }

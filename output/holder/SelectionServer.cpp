@@ -41,8 +41,7 @@ bool SelectionServer::Predates(xcb_timestamp_t time) const {
 
 void SelectionServer::OnRequest(const xcb_selection_request_event_t& request) {
     std::optional<xcb_atom_t> property = XCB_ATOM_NONE;
-    if (request.owner == owner_ && request.selection == atoms_.clipboard &&
-        !Predates(request.time))
+    if (request.owner == owner_ && request.selection == atoms_.clipboard && !Predates(request.time))
         property = Convert(request);
     if (!property) {
         waiting_.push_back(request);
@@ -99,8 +98,7 @@ void SelectionServer::Notify(const xcb_selection_request_event_t& request, xcb_a
     notify.selection = request.selection;
     notify.target = request.target;
     notify.property = property;
-    xcb_send_event(c_, 0, request.requestor, XCB_EVENT_MASK_NO_EVENT,
-                   event.bytes);
+    xcb_send_event(c_, 0, request.requestor, XCB_EVENT_MASK_NO_EVENT, event.bytes);
 }
 
 void SelectionServer::OnContentReady() {

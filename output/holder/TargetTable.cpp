@@ -27,8 +27,7 @@ Answer TargetTable::For(xcb_atom_t target) const {
     if (target == atoms_.targets)
         return {Answer::Ready, XCB_ATOM_ATOM, 32, WordBytes(targets_.data(), targets_.size())};
     if (target == atoms_.timestamp)
-        return {Answer::Ready, XCB_ATOM_INTEGER, 32,
-                WordBytes(&ownedSince_, 1)};
+        return {Answer::Ready, XCB_ATOM_INTEGER, 32, WordBytes(&ownedSince_, 1)};
     if (content_.IsPicture()) {
         if (target == atoms_.bmp) return Data(target, content_.Bytes());
         if (target != atoms_.png) return {};
@@ -42,8 +41,7 @@ Answer TargetTable::For(xcb_atom_t target) const {
         }
         return {};
     }
-    if (target == atoms_.utf8String || target == atoms_.textPlainUtf8 ||
-        target == atoms_.textPlain)
+    if (target == atoms_.utf8String || target == atoms_.textPlainUtf8 || target == atoms_.textPlain)
         return Data(target, content_.Bytes());
     return {};
 }

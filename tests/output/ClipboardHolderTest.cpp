@@ -70,14 +70,6 @@ TEST_F(ClipboardHolder, MultipleConvertsEachPairAndRefusesWhatItDoesNotOffer) {
     EXPECT_EQ(PatternDifference(Decode(each[2].bytes, "BMP"), 64, 48, 3), "");
 }
 
-TEST_F(ClipboardHolder, EndsWhenAnotherClientTakesTheClipboard) {
-    ASSERT_EQ(CopyText("first"), 0);
-    const xcb_window_t holder = client_->Owner("CLIPBOARD");
-    ASSERT_NE(holder, xcb_window_t(XCB_WINDOW_NONE));
-    client_->TakeClipboard();
-    EXPECT_TRUE(PasteClient::WaitFor([&] { return !client_->WindowExists(holder); }));
-}
-
 TEST_F(ClipboardHolder, SecondCopyReplacesTheFirstHolder) {
     ASSERT_EQ(CopyPicture(100, 80, 4), 0);
     const xcb_window_t first = client_->Owner("CLIPBOARD");
@@ -85,7 +77,26 @@ TEST_F(ClipboardHolder, SecondCopyReplacesTheFirstHolder) {
     const xcb_window_t second = client_->Owner("CLIPBOARD");
     EXPECT_NE(second, first);
     EXPECT_TRUE(PasteClient::WaitFor([&] { return !client_->WindowExists(first); }));
+    EXPECT_EQ(HolderProcesses(display_.name()), 1);
     EXPECT_EQ(PatternDifference(Decode(Xclip("image/png"), "PNG"), 90, 70, 5), "");
+}
+
+TEST_F(ClipboardHolder, ClipboardManagerKeepsThePictureAndTheHolderEnds) {
+    ClipboardManagerDaemon manager;
+    ASSERT_TRUE(PasteClient::WaitFor(
+        [&] { return client_->Owner("CLIPBOARD_MANAGER") != XCB_WINDOW_NONE; }, 15000))
+        << "no clipboard manager came up (tools/install-deps installs it)";
+    ASSERT_EQ(CopyPicture(200, 150, 6), 0);
+    EXPECT_TRUE(PasteClient::WaitFor([&] { return HolderProcesses(display_.name()) == 0; }));
+    EXPECT_EQ(PatternDifference(Decode(Xclip("image/png"), "PNG"), 200, 150, 6), "");
+    EXPECT_FALSE(LogText().contains(kNoManagerLine));
+}
+
+TEST_F(ClipboardHolder, WithoutAManagerTheHolderStaysUntilTheClipboardIsTaken) {
+    ASSERT_EQ(CopyText("kept"), 0);
+    EXPECT_EQ(HolderProcesses(display_.name()), 1);
+    client_->TakeClipboard();
+    EXPECT_TRUE(PasteClient::WaitFor([&] { return HolderProcesses(display_.name()) == 0; }));
 }
 
 }  // namespace

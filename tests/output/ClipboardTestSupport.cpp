@@ -1,5 +1,11 @@
 #include "tests/output/ClipboardTestSupport.h"
 
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <QDir>
+#include <QFile>
 #include <QProcess>
 
 #include "support/Paths.h"
@@ -19,6 +25,36 @@ QByteArray RunProgram(const QString& program, const QStringList& arguments, int*
     }
     if (exitCode) *exitCode = process.exitCode();
     return process.readAllStandardOutput();
+}
+
+ClipboardManagerDaemon::ClipboardManagerDaemon() {
+    pid_ = ::fork();
+    if (pid_ != 0) return;
+    ::setsid();
+    // No accessibility bus: the daemon is here for its clipboard alone.
+    ::setenv("NO_AT_BRIDGE", "1", 1);
+    ::execlp("dbus-run-session", "dbus-run-session", "--", "xfsettingsd", "--no-daemon",
+             "--disable-wm-check", static_cast<char*>(nullptr));
+    ::_exit(127);
+}
+
+ClipboardManagerDaemon::~ClipboardManagerDaemon() {
+    if (pid_ <= 0) return;
+    ::kill(-pid_, SIGTERM);
+    ::waitpid(pid_, nullptr, 0);
+}
+
+int HolderProcesses(const QString& display) {
+    const QString holder = QStringLiteral(QPT_PROGRAM_DIR "/QptClipboard");
+    const QByteArray wanted = "DISPLAY=" + display.toLatin1();
+    int count = 0;
+    for (const QString& pid : QDir("/proc").entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        if (QFile::symLinkTarget("/proc/" + pid + "/exe") != holder) continue;
+        QFile environ("/proc/" + pid + "/environ");
+        if (environ.open(QIODevice::ReadOnly) && environ.readAll().split('\0').contains(wanted))
+            ++count;
+    }
+    return count;
 }
 
 void ClipboardTest::SetUp() {

@@ -1,11 +1,13 @@
 #pragma once
 
+#include <sys/types.h>
+
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
 
 #include "tests/common/DisplayTest.h"
-#include "tests/output/PasteClient.h"
+#include "tests/common/PasteClient.h"
 
 namespace qpt::testing {
 
@@ -25,6 +27,23 @@ protected:
 
     std::unique_ptr<PasteClient> client_;
 };
+
+// A real clipboard manager: the one in the desktop settings daemon of
+// tools/install-deps, on a session bus of its own. It and everything it
+// started form one process group, which ends with the object.
+class ClipboardManagerDaemon {
+public:
+    ClipboardManagerDaemon();
+    ~ClipboardManagerDaemon();
+    ClipboardManagerDaemon(const ClipboardManagerDaemon&) = delete;
+    ClipboardManagerDaemon& operator=(const ClipboardManagerDaemon&) = delete;
+
+private:
+    pid_t pid_ = -1;
+};
+
+// How many clipboard holders of this build serve the display.
+int HolderProcesses(const QString& display);
 
 // Runs a program to its end; its standard output, or nothing on a failure.
 QByteArray RunProgram(const QString& program, const QStringList& arguments, int* exitCode = nullptr,

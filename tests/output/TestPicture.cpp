@@ -7,7 +7,8 @@ namespace qpt::testing {
 namespace {
 
 QRgb PatternPixel(int x, int y, uint8_t seed) {
-    return qRgb((x * 7 + y * 3 + seed) & 0xFF, (x ^ (y * 5)) & 0xFF, (x + y * 11 + seed * 37) & 0xFF);
+    return qRgb((x * 7 + y * 3 + seed) & 0xFF, (x ^ (y * 5)) & 0xFF,
+                (x + y * 11 + seed * 37) & 0xFF);
 }
 
 }  // namespace

@@ -36,8 +36,8 @@ public:
     Pasted Paste(const char* target);
     // Pairs of target and property; gives back the pair list as the owner
     // left it, and what each property held.
-    std::vector<xcb_atom_t> PasteMultiple(const std::vector<std::pair<const char*, const char*>>& pairs,
-                                          std::vector<Pasted>& each);
+    std::vector<xcb_atom_t> PasteMultiple(
+        const std::vector<std::pair<const char*, const char*>>& pairs, std::vector<Pasted>& each);
 
     xcb_window_t Owner(const char* selection);
     void TakeClipboard();

@@ -1,4 +1,4 @@
-#include "tests/output/PasteClient.h"
+#include "tests/common/PasteClient.h"
 
 #include <poll.h>
 
@@ -51,7 +51,8 @@ xcb_atom_t PasteClient::Atom(const char* name) {
 QByteArray PasteClient::AtomName(xcb_atom_t atom) {
     auto reply = Own(xcb_get_atom_name_reply(c_, xcb_get_atom_name(c_, atom), nullptr));
     if (!reply) return {};
-    return QByteArray(xcb_get_atom_name_name(reply.get()), xcb_get_atom_name_name_length(reply.get()));
+    return QByteArray(xcb_get_atom_name_name(reply.get()),
+                      xcb_get_atom_name_name_length(reply.get()));
 }
 
 xcb_generic_event_t* PasteClient::WaitEvent(
@@ -92,7 +93,8 @@ Pasted PasteClient::Paste(const char* target) {
 // for the first piece.
 Pasted PasteClient::Read(xcb_atom_t property) {
     auto reply = Own(xcb_get_property_reply(
-        c_, xcb_get_property(c_, 1, window_, property, XCB_GET_PROPERTY_TYPE_ANY, 0, UINT32_MAX / 4),
+        c_,
+        xcb_get_property(c_, 1, window_, property, XCB_GET_PROPERTY_TYPE_ANY, 0, UINT32_MAX / 4),
         nullptr));
     Pasted pasted;
     if (!reply || reply->type == XCB_ATOM_NONE) return pasted;
@@ -118,15 +120,16 @@ void PasteClient::ReadIncrementally(xcb_atom_t property, Pasted& pasted) {
             pasted.converted = false;
             return;
         }
-        auto piece = Own(xcb_get_property_reply(
-            c_, xcb_get_property(c_, 1, window_, property, XCB_GET_PROPERTY_TYPE_ANY, 0, UINT32_MAX / 4),
-            nullptr));
+        auto piece = Own(
+            xcb_get_property_reply(c_,
+                                   xcb_get_property(c_, 1, window_, property,
+                                                    XCB_GET_PROPERTY_TYPE_ANY, 0, UINT32_MAX / 4),
+                                   nullptr));
         const int length = piece ? xcb_get_property_value_length(piece.get()) : 0;
         if (length == 0) return;
         pasted.type = AtomName(piece->type);
         pasted.format = piece->format;
-        pasted.bytes.append(static_cast<const char*>(xcb_get_property_value(piece.get())),
-                            length);
+        pasted.bytes.append(static_cast<const char*>(xcb_get_property_value(piece.get())), length);
         ++pasted.pieces;
     }
 }
@@ -156,8 +159,8 @@ std::vector<xcb_atom_t> PasteClient::PasteMultiple(
 }
 
 xcb_window_t PasteClient::Owner(const char* selection) {
-    auto reply = Own(xcb_get_selection_owner_reply(c_, xcb_get_selection_owner(c_, Atom(selection)),
-                                                   nullptr));
+    auto reply = Own(
+        xcb_get_selection_owner_reply(c_, xcb_get_selection_owner(c_, Atom(selection)), nullptr));
     return reply ? reply->owner : xcb_window_t(XCB_WINDOW_NONE);
 }
 
@@ -167,8 +170,8 @@ void PasteClient::TakeClipboard() {
 }
 
 bool PasteClient::WindowExists(xcb_window_t window) {
-    auto reply = Own(xcb_get_window_attributes_reply(c_, xcb_get_window_attributes(c_, window),
-                                                     nullptr));
+    auto reply =
+        Own(xcb_get_window_attributes_reply(c_, xcb_get_window_attributes(c_, window), nullptr));
     return reply != nullptr;
 }
 

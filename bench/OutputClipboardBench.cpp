@@ -1,0 +1,139 @@
+// Copy of a 4K screenshot, on a private X server: the program's side from
+// the start of the hand-over until the holder has reported owning the
+// clipboard (the bound for the whole copy is 150 ms, flattening included),
+// the part of it that writes the picture into the memory file, and the
+// holder's answers to pastes, before and after its PNG is ready.
+#include <benchmark/benchmark.h>
+#include <fcntl.h>
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <QFile>
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
+#include <QSvgRenderer>
+#include <chrono>
+#include <cstdlib>
+
+#include "imaging/IEBmpWriter.h"
+#include "output/ClipboardHandOver.h"
+#include "tests/common/PasteClient.h"
+#include "tests/common/VirtualDisplay.h"
+
+namespace {
+
+using qpt::testing::PasteClient;
+constexpr int kW = 3840, kH = 2160;
+const QString kHolder = QStringLiteral(QPT_PROGRAM_DIR "/QptClipboard");
+
+// The stand-in host's sample screen, drawn at 4K.
+const qpt::TIEBitmap& Screenshot() {
+    static qpt::TIEBitmap picture = [] {
+        QImage image(kW, kH, QImage::Format_RGB888);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        QSvgRenderer(QStringLiteral(QPT_TOOLS_DIR "/sample-screenshot.svg")).render(&painter);
+        painter.end();
+        qpt::TIEBitmap bitmap;
+        bitmap.Assign(image);
+        return bitmap;
+    }();
+    return picture;
+}
+
+QString Display() {
+    static qpt::testing::VirtualDisplay display(kW, kH);
+    ::setenv("DISPLAY", display.name().toLatin1().constData(), 1);
+    return display.name();
+}
+
+void Prepare() {
+    static int argc = 1;
+    static char name[] = "bench";
+    static char* argv[] = {name, nullptr};
+    if (!QCoreApplication::instance()) {
+        ::setenv("QT_QPA_PLATFORM", "offscreen", 0);
+        new QGuiApplication(argc, argv);
+    }
+    Display();
+    Screenshot();
+}
+
+double Seconds(std::chrono::steady_clock::time_point since) {
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - since).count();
+}
+
+// Each holder is left to finish its PNG before the next copy, as it would
+// after the program has gone, so that no copy competes with the encoding
+// of the one before.
+void BM_HandPictureToClipboard(benchmark::State& state) {
+    Prepare();
+    PasteClient client(Display());
+    for (auto _ : state) {
+        const auto start = std::chrono::steady_clock::now();
+        if (!qpt::HandPictureToClipboard(Screenshot(), kHolder)) state.SkipWithError("not owned");
+        state.SetIterationTime(Seconds(start));
+        client.Paste("image/png");
+    }
+}
+BENCHMARK(BM_HandPictureToClipboard)->Unit(benchmark::kMillisecond)->UseManualTime();
+
+// The holder's own share: starting, connecting and taking the clipboard.
+void BM_HandTextToClipboard(benchmark::State& state) {
+    Prepare();
+    for (auto _ : state)
+        if (!qpt::HandTextToClipboard("https://i.example.test/abc.png", kHolder))
+            state.SkipWithError("not owned");
+}
+BENCHMARK(BM_HandTextToClipboard)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void BM_WriteBmpIntoMemoryFile(benchmark::State& state) {
+    Prepare();
+    for (auto _ : state) {
+        const int fd = ::memfd_create("bench", MFD_CLOEXEC);
+        QFile file;
+        file.open(fd, QIODevice::WriteOnly | QIODevice::Unbuffered, QFileDevice::DontCloseHandle);
+        benchmark::DoNotOptimize(qpt::IEWriteBmp(Screenshot(), file));
+        file.close();
+        ::close(fd);
+    }
+}
+BENCHMARK(BM_WriteBmpIntoMemoryFile)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// A paste right after the copy waits for the PNG to be encoded.
+void BM_PngPasteRightAfterCopy(benchmark::State& state) {
+    Prepare();
+    PasteClient client(Display());
+    for (auto _ : state) {
+        qpt::HandPictureToClipboard(Screenshot(), kHolder);
+        const auto start = std::chrono::steady_clock::now();
+        const qpt::testing::Pasted png = client.Paste("image/png");
+        state.SetIterationTime(Seconds(start));
+        if (!png.converted) state.SkipWithError("no PNG");
+        state.counters["bytes"] = double(png.bytes.size());
+    }
+}
+BENCHMARK(BM_PngPasteRightAfterCopy)->Unit(benchmark::kMillisecond)->UseManualTime();
+
+// A paste of a picture the holder has encoded already: only the transfer.
+void PasteOfHeldPicture(benchmark::State& state, const char* target) {
+    Prepare();
+    PasteClient client(Display());
+    qpt::HandPictureToClipboard(Screenshot(), kHolder);
+    client.Paste(target);
+    for (auto _ : state) {
+        const qpt::testing::Pasted pasted = client.Paste(target);
+        if (!pasted.converted) state.SkipWithError("nothing pasted");
+        state.counters["bytes"] = double(pasted.bytes.size());
+        state.counters["pieces"] = pasted.pieces;
+    }
+}
+BENCHMARK_CAPTURE(PasteOfHeldPicture, png, "image/png")
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+BENCHMARK_CAPTURE(PasteOfHeldPicture, bmp, "image/bmp")
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+
+}  // namespace
