@@ -42,7 +42,8 @@ TEST(BmpRows, TranslucentPictureKeepsItsAlpha) {
     for (int y = 0; y < 2; ++y)
         for (int x = 0; x < 16; ++x)
             picture.Scanline(y)[x] = uint8_t(y * 16 + x);
-    const auto view = holder::ReadBmpRows(BmpOf(picture));
+    const std::vector<uint8_t> file = BmpOf(picture);
+    const auto view = holder::ReadBmpRows(file);
     ASSERT_TRUE(view);
     EXPECT_EQ(view->Layout, TIEPixelLayout::Bgra32);
     ExpectSameRows(picture, *view);
