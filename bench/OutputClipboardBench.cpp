@@ -27,7 +27,8 @@ using qpt::testing::PasteClient;
 constexpr int kW = 3840, kH = 2160;
 const QString kHolder = QStringLiteral(QPT_PROGRAM_DIR "/QptClipboard");
 
-// The stand-in host's sample screen, drawn at 4K.
+// The stand-in host's sample screen, drawn at 4K: flat colours, text and a
+// chart, the kind of picture that compresses well.
 const qpt::TIEBitmap& Screenshot() {
     static qpt::TIEBitmap picture = [] {
         QImage image(kW, kH, QImage::Format_RGB888);
@@ -40,6 +41,27 @@ const qpt::TIEBitmap& Screenshot() {
         return bitmap;
     }();
     return picture;
+}
+
+// Gradients with grain in the low bits: a photograph's PNG, several MB.
+const qpt::TIEBitmap& Photo() {
+    static qpt::TIEBitmap picture = [] {
+        qpt::TIEBitmap bitmap(kW, kH, qpt::ie24RGB);
+        uint32_t grain = 2463534242u;
+        for (int y = 0; y < kH; ++y) {
+            uint8_t* row = bitmap.Scanline(y);
+            for (int x = 0; x < kW * 3; ++x) {
+                grain ^= grain << 13, grain ^= grain >> 17, grain ^= grain << 5;
+                row[x] = uint8_t((x / 3 * 200 / kW + y * 50 / kH + int(grain & 3)) & 0xFF);
+            }
+        }
+        return bitmap;
+    }();
+    return picture;
+}
+
+const qpt::TIEBitmap& Picture(int64_t which) {
+    return which == 0 ? Screenshot() : Photo();
 }
 
 QString Display() {
@@ -106,7 +128,7 @@ void BM_PngPasteRightAfterCopy(benchmark::State& state) {
     Prepare();
     PasteClient client(Display());
     for (auto _ : state) {
-        qpt::HandPictureToClipboard(Screenshot(), kHolder);
+        qpt::HandPictureToClipboard(Picture(state.range(0)), kHolder);
         const auto start = std::chrono::steady_clock::now();
         const qpt::testing::Pasted png = client.Paste("image/png");
         state.SetIterationTime(Seconds(start));
@@ -114,13 +136,18 @@ void BM_PngPasteRightAfterCopy(benchmark::State& state) {
         state.counters["bytes"] = double(png.bytes.size());
     }
 }
-BENCHMARK(BM_PngPasteRightAfterCopy)->Unit(benchmark::kMillisecond)->UseManualTime();
+BENCHMARK(BM_PngPasteRightAfterCopy)
+    ->Arg(0)
+    ->Arg(1)
+    ->Unit(benchmark::kMillisecond)
+    ->UseManualTime();
 
 // A paste of a picture the holder has encoded already: only the transfer.
+// Argument 0: the sample screen; 1: the photograph.
 void PasteOfHeldPicture(benchmark::State& state, const char* target) {
     Prepare();
     PasteClient client(Display());
-    qpt::HandPictureToClipboard(Screenshot(), kHolder);
+    qpt::HandPictureToClipboard(Picture(state.range(0)), kHolder);
     client.Paste(target);
     for (auto _ : state) {
         const qpt::testing::Pasted pasted = client.Paste(target);
@@ -130,9 +157,12 @@ void PasteOfHeldPicture(benchmark::State& state, const char* target) {
     }
 }
 BENCHMARK_CAPTURE(PasteOfHeldPicture, png, "image/png")
+    ->Arg(0)
+    ->Arg(1)
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
 BENCHMARK_CAPTURE(PasteOfHeldPicture, bmp, "image/bmp")
+    ->Arg(0)
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
 
