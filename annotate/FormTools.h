@@ -67,7 +67,14 @@ public:
     void Btn_Rd_GoogleClick();
     void Btn_Rd_CopyClick();
     void Rd_SaveClick();
+    // Opens the save-path panel in the style bar's place, or closes it.
     void btn_save_dropClick();
+    // Burns every annotation into the picture: before each way out, when the
+    // pixelation starts, and when the program loses the activation.
+    void InitPicSave();
+    // When the style bar is up: it goes, the tool buttons lose their
+    // selection and the tool toggles are cleared. The armed tool stays.
+    void CloseStyleBar();
     void MenuFacebookClick();
     void MenuTwitterClick();
     void MenuPinterestClick();

@@ -48,7 +48,6 @@ void TFormTools::Btn_Rd_DelClick() {}
 void TFormTools::Btn_Rd_GoogleClick() {}
 void TFormTools::Btn_Rd_CopyClick() {}
 void TFormTools::Rd_SaveClick() {}
-void TFormTools::btn_save_dropClick() {}
 void TFormTools::MenuFacebookClick() {}
 void TFormTools::MenuTwitterClick() {}
 void TFormTools::MenuPinterestClick() {}

@@ -8,6 +8,7 @@
 #include "imaging/IEFileBuffer.h"
 #include "output/FormMsg.h"
 #include "output/FormSavePath.h"
+#include "skin/RdSkinMenu.h"
 #include "support/Paths.h"
 #include "support/ProcessExit.h"
 
@@ -21,6 +22,7 @@ void WireToolbar(TPinnedBars& bars, TFormTools* tools) {
     bars.ShowTools = [tools] { tools->ShowBar(); };
     bars.HideTools = [tools] { tools->hide(); };
     bars.ResetToolButtons = [tools] { PostSessionMessage(tools, kMsgResetToolButtons, 1, 0); };
+    bars.InitPicSave = [tools] { tools->InitPicSave(); };
 }
 
 void WireSavePath(TPinnedBars& bars, TFormSavePath* panel) {
@@ -53,6 +55,7 @@ TFormPinned* CreateSessionForms(const QStringList& arguments, const THandOver& h
     auto* savePath = new TFormSavePath(pinned);
     savePath->FormCreate();
     WireSavePath(pinned->Bars, savePath);
+    savePath->OnBackgroundPress = [tools] { tools->Menu_Share->CloseMenu(); };
     auto* smallTools = new TFormSmallTools(pinned);
     smallTools->FormCreate();
     WireSmallTools(pinned->Bars, smallTools);

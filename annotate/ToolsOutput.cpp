@@ -1,0 +1,41 @@
+// The toolbar's side of the ways out: the flatten, and the path panel that
+// opens from the save button's arrow.
+#include "annotate/FormTools.h"
+#include "app/session/SessionForms.h"
+#include "app/session/SessionState.h"
+#include "output/FlattenPicture.h"
+#include "output/FormSavePath.h"
+#include "output/FormStyle.h"
+#include "output/SidePlacement.h"
+#include "skin/RdImageButton.h"
+
+namespace qpt {
+
+void TFormTools::InitPicSave() {
+    if (Image_Front) FlattenPicture(*Image_Front);
+}
+
+void TFormTools::CloseStyleBar() {
+    if (!FormShowing(FormSmallTools)) return;
+    FormSmallTools->hide();
+    for (TRdImageButton* button : ToolButtons())
+        button->SetState(TRdImageButton::bsNormal);
+    ClearToolToggles();
+}
+
+void TFormTools::btn_save_dropClick() {
+    auto* panel = qobject_cast<TFormSavePath*>(FormSavePath);
+    if (FolderDialogOpen == 1 || !panel) return;
+    if (panel->isVisible()) {
+        panel->hide();
+        PlaceToolbarBack();
+        return;
+    }
+    // The panel takes the style bar's place.
+    CloseStyleBar();
+    PlaceBesideToolbar(panel);
+    panel->show();
+    FocusIfPossible(panel->pnl_defSavePath);
+}
+
+}  // namespace qpt
