@@ -51,8 +51,14 @@ bool IEEncodeGif(const TIEIndexedPicture& picture, TIEByteSink& sink) {
     int error = 0;
     GifFileType* gif = EGifOpen(&sink, Output, &error);
     if (!gif) return false;
-    ColorMapObject* map = ColourMap(picture.Palette);
-    const bool written = map && WriteFrame(gif, picture, map);
+    ColorMapObject* map = nullptr;
+    bool written = false;
+    try {
+        map = ColourMap(picture.Palette);
+        written = map && WriteFrame(gif, picture, map);
+    } catch (const std::bad_alloc&) {  // the file handle below must still be closed
+        written = false;
+    }
     GifFreeMapObject(map);
     const bool closed = EGifCloseFile(gif, &error) != GIF_ERROR;
     return written && closed && !sink.Failed();
