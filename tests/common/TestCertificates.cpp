@@ -28,6 +28,11 @@ TestCertificates::TestCertificates() {
            makeSigned("stranger", "other-ca"));
 }
 
+const TestCertificates& TestCertificates::Shared() {
+    static const TestCertificates shared;
+    return shared;
+}
+
 bool TestCertificates::makeCa(const QString& name) {
     return openssl(QStringList{"req", "-x509"} + kEcKey +
                    QStringList{"-keyout", dir_.filePath(name + ".key"), "-out",

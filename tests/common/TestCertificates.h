@@ -18,6 +18,9 @@ class TestCertificates {
 public:
     TestCertificates();
 
+    // One set for the whole test program, made on first use.
+    static const TestCertificates& Shared();
+
     // False when openssl could not make them; `error()` says why.
     bool ok() const { return error_.isEmpty(); }
     QString error() const { return error_; }

@@ -34,9 +34,6 @@ QImage Noise(int width, int height) {
 
 class UploadImageTest : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() { certificates_ = new TestCertificates; }
-    static void TearDownTestSuite() { delete certificates_; }
-
     void SetUp() override {
         ASSERT_TRUE(certificates_->ok()) << certificates_->error().toStdString();
         picture_ = Noise(300, 250);
@@ -66,7 +63,7 @@ protected:
         return QTest::qWaitFor([&] { return terminated_ > 0; }, ms);
     }
 
-    static TestCertificates* certificates_;
+    const TestCertificates* certificates_ = &TestCertificates::Shared();
     QTemporaryDir dir_;
     QImage picture_;
     QString path_;
@@ -75,8 +72,6 @@ protected:
     int terminated_ = 0;
     QString link_ = "unset";
 };
-
-TestCertificates* UploadImageTest::certificates_ = nullptr;
 
 TEST_F(UploadImageTest, PostsTheRawPictureAndReadsTheLinkFromTheAnswer) {
     HttpsTestServer server(certificates_->server());
