@@ -41,6 +41,8 @@ QPoint UploadWindowPlace(const QRect& workArea, QSize windowSize) {
 TFmUpload::TFmUpload()
     : QWidget(nullptr, Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::Tool) {
     setAttribute(Qt::WA_DeleteOnClose);
+    setObjectName(QStringLiteral("FmUpload"));
+    setWindowRole(objectName());
     QFont font(QStringLiteral("Tahoma"));
     font.setPixelSize(11);
     setFont(font);

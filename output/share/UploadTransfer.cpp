@@ -2,6 +2,7 @@
 
 #include <curl/curl.h>
 
+#include <algorithm>
 #include <chrono>
 #include <memory>
 #include <mutex>
@@ -12,9 +13,16 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// Each read of the body is one step of the progress, so this also sets how
-// finely the upload is paced.
-constexpr long kChunkBytes = 64 * 1024;
+// Each read of the body is one step of the progress, and each step pauses,
+// so the chunks grow with the body: a large picture takes about as many
+// steps as a middling one instead of pausing for many seconds.
+constexpr qint64 kMinChunkBytes = 64 * 1024;
+constexpr qint64 kMaxChunkBytes = 2 * 1024 * 1024;
+constexpr qint64 kStepsPerBody = 32;
+
+long ChunkBytes(qint64 bodySize) {
+    return long(std::clamp(bodySize / kStepsPerBody, kMinChunkBytes, kMaxChunkBytes));
+}
 
 struct TTransferState {
     TTransferState(QIODevice& source, TTransferHooks& hooks, int readTimeoutMs)
@@ -109,7 +117,7 @@ void SetRequest(CURL* curl, const TTransferOptions& options, TTransferState& sta
     curl_easy_setopt(curl, CURLOPT_POSTFIELDSIZE_LARGE, curl_off_t(state.source.size()));
     curl_easy_setopt(curl, CURLOPT_HTTPHEADER, headers);
     curl_easy_setopt(curl, CURLOPT_USERAGENT, "QptPin");
-    curl_easy_setopt(curl, CURLOPT_UPLOAD_BUFFERSIZE, kChunkBytes);
+    curl_easy_setopt(curl, CURLOPT_UPLOAD_BUFFERSIZE, ChunkBytes(state.source.size()));
     curl_easy_setopt(curl, CURLOPT_CONNECTTIMEOUT_MS, long(options.connectTimeoutMs));
     curl_easy_setopt(curl, CURLOPT_READFUNCTION, ReadBody);
     curl_easy_setopt(curl, CURLOPT_READDATA, &state);
