@@ -40,8 +40,11 @@ void TFormPinned::ResizeForZoom(bool up) {
                               CurrentScreenLayout()};
     const TZoomSizes next = ZoomStepSizes(now, step);
     ZoomBaseWidth = next.zoomBaseWidth;
+    // The picture is composed once, at its new zoom and size.
+    Image_Front->LockPaint();
     Image_Front->SetZoom(ZoomStep * 10.0);
     Image_Front->resize(next.view);
+    Image_Front->UnlockPaint();
     setGeometry(next.window);
     // The box spans the window, so that its bar stands in the room the
     // window keeps for it at the right.

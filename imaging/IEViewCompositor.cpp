@@ -81,12 +81,26 @@ QRegion TIEViewCompositor::Compose(TIELayerList& layers) {
         damage += shown_[i].cover;
     }
     damage &= client;
+    if (full) pending_ = QRegion();
+    if (!ShownArea.isNull()) {
+        pending_ += damage - ShownArea;
+        damage &= ShownArea;
+    }
+    pending_ -= damage;
     for (const QRect& area : damage)
         ComposeArea(layers, area);
     shown_ = std::move(now);
     fullRedraw_ = false;
     layers.NeedsUpdate = false;
     return damage;
+}
+
+QRegion TIEViewCompositor::ComposePending(TIELayerList& layers, const QRegion& wanted) {
+    const QRegion area = pending_ & wanted;
+    for (const QRect& r : area)
+        ComposeArea(layers, r);
+    pending_ -= area;
+    return area;
 }
 
 // An opaque picture hides the background, so only what lies beside it is filled.

@@ -24,8 +24,20 @@ public:
     int EditingLayer = -1;   // a layer under the text editor is not drawn
     bool ShowGrips = false;  // the grip pass, on while a layer tool is armed
 
-    // Brings the back buffer up to date; returns the client area that changed.
+    // The part of the client that shows, where a view lies in a smaller
+    // window; a null rectangle for all of it. Only this part is composed at
+    // once, the rest once it is asked for, so that a view much larger than
+    // what shows of it costs what shows.
+    QRect ShownArea;
+
+    // Brings the back buffer up to date where it shows; returns the client
+    // area that changed there.
     QRegion Compose(TIELayerList& layers);
+    // Brings the parts of `wanted` up to date that were left for later;
+    // returns them.
+    QRegion ComposePending(TIELayerList& layers, const QRegion& wanted);
+    // What was left for later.
+    const QRegion& PendingArea() const { return pending_; }
     // The next Compose redraws everything.
     void Invalidate() { fullRedraw_ = true; }
     TIEBitmap& BackBuffer() { return back_; }
@@ -64,6 +76,7 @@ private:
     void DrawGrips(const QRect& layerRect, const QRect& area);
 
     TIEBitmap back_;
+    QRegion pending_;
     std::vector<Shown> shown_;
     bool fullRedraw_ = true;
 };

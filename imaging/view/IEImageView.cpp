@@ -150,6 +150,9 @@ void TIEImageView::Invalidate() {
 }
 
 QRegion TIEImageView::Compose() {
+    // Inside a scroll box only what the box shows is composed now; the rest
+    // when it is scrolled into view and painted.
+    compositor_.ShownArea = visibleRegion().boundingRect();
     if (previewShown_) compositor_.Invalidate();
     QRegion damage = compositor_.Compose(layers_);
     mouse_.Paint(BackBuffer(), mapping());
@@ -160,23 +163,14 @@ QRegion TIEImageView::Compose() {
     return damage;
 }
 
-// Each part is blitted through a QImage over just its own rows, in strips
-// below the size at which Qt hands a conversion to its thread pool: on a
-// busy machine the hand-over costs more than the conversion itself.
 void TIEImageView::paintEvent(QPaintEvent* event) {
     if (stale_) Compose();
+    compositor_.ComposePending(layers_, event->region());
     QPainter painter(this);
     TIEBitmap& back = BackBuffer();
     const QRect backRect(0, 0, back.Width(), back.Height());
     for (const QRect& r : event->region()) {
-        const QRect inside = r & backRect;
-        const int strip = std::max(1, 65535 / std::max(1, inside.width()));
-        for (int y = inside.top(); y <= inside.bottom(); y += strip) {
-            const int rows = std::min(strip, inside.bottom() + 1 - y);
-            const QImage part(back.Scanline(y) + 3 * inside.left(), inside.width(), rows,
-                              back.RowLen(), QImage::Format_BGR888);
-            painter.drawImage(QPoint(inside.left(), y), part);
-        }
+        blit_.Paint(painter, back, r & backRect);
         for (const QRect& rest : QRegion(r) - backRect)
             painter.fillRect(rest, IETextQColor(compositor_.Background));
     }

@@ -12,6 +12,7 @@
 #include "imaging/IEMouseInteractions.h"
 #include "imaging/IEViewCompositor.h"
 #include "imaging/IEViewServices.h"
+#include "imaging/view/IEViewBlit.h"
 
 namespace qpt {
 
@@ -78,6 +79,8 @@ public:
     void UnlockPaint();
     bool Stale() const { return stale_; }
     TIEBitmap& BackBuffer() { return compositor_.BackBuffer(); }
+    // The client area not composed yet, since it has not shown.
+    const QRegion& PendingArea() const { return compositor_.PendingArea(); }
 
     // The bitmap of the current layer.
     TIEBitmap* IEBitmap();
@@ -162,6 +165,7 @@ private:
     std::unique_ptr<TIEImageProc> proc_;
     std::unique_ptr<TIEImageIO> io_;
     TIEViewCompositor compositor_;
+    TIEViewBlit blit_;
     TIEMouseInteractions mouse_{*this};
     TIETextControl* editor_ = nullptr;
 

@@ -4,6 +4,8 @@
 
 #include <QApplication>
 #include <QMouseEvent>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QWheelEvent>
 
 #include "imaging/IEImageLayer.h"
@@ -11,6 +13,7 @@
 #include "imaging/IETextLayer.h"
 #include "imaging/view/IEImageView.h"
 #include "imaging/view/IETextControl.h"
+#include "imaging/view/IEViewBlit.h"
 
 namespace qpt {
 namespace {
@@ -107,6 +110,52 @@ TEST_F(ImageView, OneHundredPercentShowsThePictureUnfilteredAndCentred) {
             ASSERT_EQ(expected.pixel(x, y), CoordinateColour(x, y)) << x << "," << y;
     // Beside the picture: the button face, which follows the palette.
     EXPECT_EQ(shown.pixel(5, 5), QGuiApplication::palette().color(QPalette::Button).rgb());
+}
+
+// In a smaller scroll box only what shows is composed; what is scrolled into
+// view later is composed as it is painted, and shows the right pixels.
+TEST(ImageViewInABox, ComposesWhatShowsAndTheRestWhenScrolledTo) {
+    App();
+    QScrollArea box;
+    box.setFrameShape(QFrame::NoFrame);
+    box.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    box.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    box.resize(300, 200);
+    auto* view = new TIEImageView;
+    LoadCoordinatePicture(*view, 1500, 1000);
+    view->SetZoom(200);
+    view->resize(3000, 2000);
+    box.setWidget(view);
+    box.show();
+    QApplication::processEvents();
+    const QImage first = box.viewport()->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    EXPECT_EQ(first.pixel(151, 101), CoordinateColour(75, 50));
+    EXPECT_EQ(view->PendingArea(), QRegion(0, 0, 3000, 2000) - QRegion(0, 0, 300, 200));
+
+    box.verticalScrollBar()->setValue(1000);
+    box.horizontalScrollBar()->setValue(2000);
+    QApplication::processEvents();
+    const QImage later = box.viewport()->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    EXPECT_EQ(later.pixel(11, 21), CoordinateColour(1005, 510));
+    EXPECT_EQ(later.pixel(299, 199), CoordinateColour(1149, 599));
+    EXPECT_FALSE(view->PendingArea().intersects(QRect(2000, 1000, 300, 200)));
+}
+
+// Every row length, so that the wide steps, the plain loop and the last
+// pixel all meet; nothing is read or written past either row.
+TEST(ImageViewBlit, WidensEveryPixelOfARowAndNoMore) {
+    for (int count = 1; count <= 41; ++count) {
+        std::vector<uint8_t> source(3 * size_t(count));
+        for (size_t i = 0; i < source.size(); ++i)
+            source[i] = uint8_t(i * 37 + count);
+        std::vector<uint32_t> target(size_t(count) + 1, 0x12345678u);
+        IEWidenBgrRow(source.data(), target.data(), count);
+        for (int x = 0; x < count; ++x) {
+            const uint8_t* p = &source[3 * size_t(x)];
+            ASSERT_EQ(target[size_t(x)], qRgb(p[2], p[1], p[0])) << count << " at " << x;
+        }
+        EXPECT_EQ(target[size_t(count)], 0x12345678u);
+    }
 }
 
 TEST_F(ImageView, ScreenToBitmapPastTheTableTakesTheFloatPath) {
