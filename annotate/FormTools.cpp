@@ -9,6 +9,7 @@
 #include "app/session/SessionForms.h"
 #include "app/session/SessionMessages.h"
 #include "app/session/SessionState.h"
+#include "output/SaveFlow.h"
 #include "skin/MenuItem.h"
 #include "skin/RdImageButton.h"
 #include "skin/RdSkinHint.h"

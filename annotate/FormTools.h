@@ -3,6 +3,9 @@
 #include <QRect>
 #include <QStringList>
 #include <QWidget>
+#include <memory>
+
+#include "output/OutputBar.h"
 
 class QLabel;
 
@@ -15,12 +18,13 @@ class TRdImageNote;
 class TRdImageNoteList;
 class TRdSkinHint;
 class TRdSkinMenu;
+class TSaveFlow;
 
 // The floating bar of the pinned picture: zoom, the size of the view, the
 // seven drawing tools, undo, exit, share, image search, copy and save. It
 // sits outside the picture, normally just under its lower right corner, and
 // the user cannot move it.
-class TFormTools : public QWidget {
+class TFormTools : public QWidget, public TOutputBar {
     Q_OBJECT
 public:
     explicit TFormTools(QWidget* parent = nullptr);
@@ -53,8 +57,8 @@ public:
     void Rdbtn_shrinkClick();
     void Btn_Rd_ShareClick();
 
-    // Clicks whose work comes with the tools, undo and exit, copy, save and
-    // share: this is where those flows connect. Until then they do nothing.
+    // Clicks whose work comes with the tools, undo and exit, and share: this
+    // is where those flows connect. Until then they do nothing.
     void Btn_Rd_RectClick();
     void Btn_Rd_EllipClick();
     void Btn_Rd_LineClick();
@@ -65,6 +69,7 @@ public:
     void Btn_Rd_ReturnClick();
     void Btn_Rd_DelClick();
     void Btn_Rd_GoogleClick();
+    // The ways out by the clipboard and by a file; also Ctrl+C and Ctrl+S.
     void Btn_Rd_CopyClick();
     void Rd_SaveClick();
     // Opens the save-path panel in the style bar's place, or closes it.
@@ -74,7 +79,9 @@ public:
     void InitPicSave();
     // When the style bar is up: it goes, the tool buttons lose their
     // selection and the tool toggles are cleared. The armed tool stays.
-    void CloseStyleBar();
+    void CloseStyleBar() override;
+    void SetSaveButtonState(int state) override;
+    void SetCopyButtonState(int state) override;
     void MenuFacebookClick();
     void MenuTwitterClick();
     void MenuPinterestClick();
@@ -140,6 +147,9 @@ private:
     // Raises the path panel while its folder dialog is up; true when that
     // was all a click may do.
     bool FolderDialogHoldsClicks() const;
+
+    // Kept between saves, as the save dialog keeps its last filter.
+    std::unique_ptr<TSaveFlow> saveFlow_;
 };
 
 }  // namespace qpt

@@ -35,7 +35,7 @@ void TFormTools::ConnectClicks() {
 }
 
 // The work of these comes with the tool state machine, undo and exit, the
-// copy, save and share flows; each connects in its own handler here.
+// share flows; each connects in its own handler here.
 void TFormTools::Btn_Rd_RectClick() {}
 void TFormTools::Btn_Rd_EllipClick() {}
 void TFormTools::Btn_Rd_LineClick() {}
@@ -46,8 +46,6 @@ void TFormTools::Btn_Rd_FontClick() {}
 void TFormTools::Btn_Rd_ReturnClick() {}
 void TFormTools::Btn_Rd_DelClick() {}
 void TFormTools::Btn_Rd_GoogleClick() {}
-void TFormTools::Btn_Rd_CopyClick() {}
-void TFormTools::Rd_SaveClick() {}
 void TFormTools::MenuFacebookClick() {}
 void TFormTools::MenuTwitterClick() {}
 void TFormTools::MenuPinterestClick() {}
