@@ -221,7 +221,10 @@ bool TIEViewCompositor::HasFrame(TIELayerList& layers, int index) const {
 }
 
 bool TIEViewCompositor::HasGrips(TIELayerList& layers, int index) const {
-    return ShowGrips && index == layers.LayersCurrent() && layers.GetLayer(index)->Selectable;
+    // A layer whose box is hidden shows no grips; they still answer the
+    // mouse, so that an invisible frame can be dragged.
+    const TIELayer& layer = *layers.GetLayer(index);
+    return ShowGrips && index == layers.LayersCurrent() && layer.Selectable && layer.VisibleBox;
 }
 
 namespace {

@@ -195,26 +195,32 @@ TEST(ViewCompositor, AGrowingOutlineRedrawsOnlyItsEdges) {
     EXPECT_TRUE(SameBuffers(s.view.BackBuffer(), fresh.view.BackBuffer()));
 }
 
-TEST(ViewCompositor, GripsAndFrameOfTheCurrentLayer) {
+TEST(ViewCompositor, GripsAndFrameOnlyWhereTheLayerShowsItsBox) {
     Scene s(120, 100);
     TIELayer* layer = s.list.LayersAdd(ielkShape, QPointF(30, 20), QSizeF(40, 50));
-    layer->VisibleBox = false;
+    layer->VisibleBox = false;  // as every finished mark is dressed
+    const QPoint grips[] = {{30, 20}, {50, 20}, {70, 45}, {30, 70}};
     s.view.Compose(s.list);
-    const TColor plain = PixelAt(s.view.BackBuffer(), 30, 20);
-    s.view.ShowGrips = true;
-    EXPECT_FALSE(s.view.Compose(s.list).isEmpty()) << "turning grips on redraws";
+    std::vector<TColor> plain;
+    for (QPoint p : grips)
+        plain.push_back(PixelAt(s.view.BackBuffer(), p.x(), p.y()));
     const TColor grip = 0xBAFFFF;
-    for (QPoint p : {QPoint(30, 20), QPoint(50, 20), QPoint(70, 45), QPoint(30, 70)})
+    s.view.ShowGrips = true;
+    s.view.Compose(s.list);
+    for (size_t i = 0; i < plain.size(); ++i)
+        EXPECT_EQ(PixelAt(s.view.BackBuffer(), grips[i].x(), grips[i].y()), plain[i])
+            << "no grip at " << grips[i].x() << "," << grips[i].y() << " without the box";
+
+    layer->VisibleBox = true;  // selected with a visible box: a frame and grips
+    EXPECT_FALSE(s.view.Compose(s.list).isEmpty()) << "showing the box redraws";
+    for (QPoint p : grips)
         EXPECT_EQ(PixelAt(s.view.BackBuffer(), p.x(), p.y()), grip) << p.x() << "," << p.y();
-    EXPECT_NE(plain, grip);
+    EXPECT_EQ(PixelAt(s.view.BackBuffer(), 29, 32), clBlack);
+    EXPECT_EQ(PixelAt(s.view.BackBuffer(), 70, 32), clBlack);
     s.view.ShowGrips = false;
     s.view.Compose(s.list);
-    EXPECT_EQ(PixelAt(s.view.BackBuffer(), 30, 20), plain);
-
-    layer->VisibleBox = true;  // selected with a visible box: a frame
-    s.view.Compose(s.list);
-    EXPECT_EQ(PixelAt(s.view.BackBuffer(), 29, 45), clBlack);
-    EXPECT_EQ(PixelAt(s.view.BackBuffer(), 70, 45), clBlack);
+    EXPECT_EQ(PixelAt(s.view.BackBuffer(), 30, 20), plain[0]) << "the grip goes";
+    EXPECT_EQ(PixelAt(s.view.BackBuffer(), 29, 32), clBlack) << "the frame stays";
 }
 
 TEST(ViewCompositor, LayerOpacityAndHiddenLayers) {
