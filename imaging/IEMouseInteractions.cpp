@@ -58,6 +58,12 @@ void TIEMouseInteractions::ClearSelection() {
 void TIEMouseInteractions::SetMouseInteractLayers(TIEMouseInteractLayers items) {
     create_.SetEnabled(false);
     points_.SetEnabled(false);
+    // A layer tool and the retouch brush exclude one another: arming one
+    // ends the pixelation, and its stroke under way goes unmerged.
+    if (items != 0 && (general_ & miRetouchTool)) {
+        general_ &= ~TIEMouseInteractGeneral(miRetouchTool);
+        retouch_.SetEnabled(false);
+    }
     layers_ = items;
     for (const TItemKind& c : kCreateItems)
         if (items & c.item) {

@@ -229,5 +229,28 @@ TEST_F(LayerMouseTest, EscapeOrDeleteDropsTheLayerBeingDrawn) {
     EXPECT_EQ(view_.Layers().LayersCount(), 2);
 }
 
+// Choosing a layer tool, or going idle, after the pixelation ends the
+// pixelation: a drag then leaves the picture and the undo list alone.
+TEST_F(LayerMouseTest, ALayerInteractionEndsTheRetouchBrush) {
+    for (const TIEMouseInteractLayers next :
+         {TIEMouseInteractLayers(mlResizeLayers),
+          TIEMouseInteractLayers(mlMoveLayers | mlResizeLayers | mlClickCreateLineLayers)}) {
+        mouse_.SetMouseInteractGeneral(miRetouchTool | miZoom);
+        mouse_.RetouchTool().SetRetouchMode(TIERetouchToolInteraction::kPixelateMode);
+        view_.Picture().Scanline(40)[3 * 40] = 0;
+        // A stroke under way when the tool changes is not merged either.
+        mouse_.MouseDown(mbLeft, 0, 40, 40);
+        const int steps = view_.UndoStore().UndoCount();
+        mouse_.SetMouseInteractLayers(next);
+        EXPECT_EQ(mouse_.MouseInteractGeneral(), TIEMouseInteractGeneral(miZoom));
+        EXPECT_FALSE(mouse_.RetouchTool().Enabled());
+        mouse_.MouseUp(mbLeft, 0, 40, 40);
+        Drag({30, 30}, {60, 60});
+        EXPECT_EQ(view_.Picture().Scanline(40)[3 * 40], 0) << "nothing pixelated";
+        for (int i = 0; i < view_.UndoStore().UndoCount() - steps; ++i)
+            EXPECT_NE(view_.UndoStore().UndoInfo(i)->Source, ieuImage) << "no picture step";
+    }
+}
+
 }  // namespace
 }  // namespace qpt
