@@ -1,5 +1,6 @@
 #include "imaging/view/IEImageView.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
@@ -328,6 +329,27 @@ void TIEImageView::mouseReleaseEvent(QMouseEvent* event) {
 // The wheel belongs to whatever holds the view (a scroll box scrolls it).
 void TIEImageView::wheelEvent(QWheelEvent* event) {
     event->ignore();
+}
+
+// Esc and Delete drop what a tool is drawing; any other key, and these when
+// no tool used them, go on to the parent.
+void TIEImageView::keyPressEvent(QKeyEvent* event) {
+    if (mouse_.KeyDown(event->key())) {
+        Update();
+        event->accept();
+        return;
+    }
+    QWidget::keyPressEvent(event);
+}
+
+// A window that is no longer active has lost the mouse: a two-click line or
+// a stroke under way is dropped rather than left hanging.
+void TIEImageView::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::ActivationChange && !isActiveWindow()) {
+        mouse_.Abandon();
+        Update();
+    }
+    QWidget::changeEvent(event);
 }
 
 void TIEImageView::LayersActivateTextEditor(int index) {

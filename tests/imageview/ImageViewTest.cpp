@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -288,6 +289,50 @@ TEST_F(ImageView, AnArrowPointsAlongItsDragAtAnyZoom) {
         arrow.CacheFor(100, 100);
         EXPECT_EQ(arrow.ArrowDirection(), direction);
     }
+}
+
+// Esc and Delete reach the tool that is drawing, and a view that loses the
+// activation drops what was under way: a two-click line and a mosaic stroke
+// can be cancelled.
+TEST_F(ImageView, EscDeleteAndLosingTheMouseCancelWhatIsBeingDrawn) {
+    LoadCoordinatePicture(view, 640, 480);
+    view.Proc()->SetUndoLimit(10);
+    view.Proc()->SetUndoLocation(ieMemory);
+    view.Layers().Background().Selectable = false;  // as the pinned window has it
+    view.SetCursor(crDefault);
+    const auto halfALine = [&] {
+        view.SetMouseInteractLayers(mlMoveLayers | mlResizeLayers | mlClickCreateLineLayers);
+        Send(QEvent::MouseButtonPress, QPoint(50, 50), Qt::LeftButton, Qt::LeftButton);
+        Send(QEvent::MouseButtonRelease, QPoint(50, 50), Qt::LeftButton, Qt::NoButton);
+        Send(QEvent::MouseMove, QPoint(200, 120), Qt::NoButton, Qt::NoButton);
+        ASSERT_EQ(view.Layers().LayersCount(), 2) << "the line follows the pointer";
+    };
+    for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Delete}) {
+        halfALine();
+        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+        QCoreApplication::sendEvent(&view, &press);
+        EXPECT_TRUE(press.isAccepted());
+        EXPECT_EQ(view.Layers().LayersCount(), 1);
+        EXPECT_EQ(view.Proc()->UndoCount(), 0) << "its undo step goes with it";
+    }
+    QKeyEvent other(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier);
+    QCoreApplication::sendEvent(&view, &other);
+    EXPECT_FALSE(other.isAccepted()) << "other keys go on";
+
+    halfALine();
+    QEvent deactivated(QEvent::ActivationChange);
+    QCoreApplication::sendEvent(&view, &deactivated);
+    EXPECT_EQ(view.Layers().LayersCount(), 1);
+
+    const QImage before = Shown();
+    view.SetMouseInteractGeneral(miRetouchTool);
+    view.Interactions().RetouchTool().SetRetouchMode(TIERetouchToolInteraction::kPixelateMode);
+    Send(QEvent::MouseButtonPress, QPoint(100, 100), Qt::LeftButton, Qt::LeftButton);
+    Send(QEvent::MouseMove, QPoint(160, 130), Qt::NoButton, Qt::LeftButton);
+    QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    QCoreApplication::sendEvent(&view, &escape);
+    Send(QEvent::MouseButtonRelease, QPoint(160, 130), Qt::LeftButton, Qt::NoButton);
+    EXPECT_EQ(Shown(), before) << "the stroke is dropped, not merged";
 }
 
 class TextEditor : public ImageView {
