@@ -18,12 +18,15 @@ void TIERetouchToolInteraction::SetRetouchMode(uint8_t mode) {
 }
 
 void TIERetouchToolInteraction::SetBrushSize(int32_t size) {
+    const QSize before = Brush();
     if (size >= 10000) {
         BrushWidth = std::max(1, size / 10000);
         BrushHeight = std::max(1, size % 10000);
     } else {
         BrushWidth = BrushHeight = std::max(1, size);
     }
+    // The ring on the screen shows the brush; it is drawn anew for a new size.
+    if (Brush() != before) Owner().ToolCursorChanged();
 }
 
 QPoint TIERetouchToolInteraction::SnapToStep(QPoint p) const {

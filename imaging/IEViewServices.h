@@ -38,6 +38,8 @@ public:
     virtual int Cursor() const { return crDefault; }
     // Shows a cursor over the property's one; -1 shows the property again.
     virtual void ShowCursor(int cursor) { (void)cursor; }
+    // A tool's own cursor changed shape (the brush ring its size).
+    virtual void ToolCursorChanged() {}
 
     // The layers changed: recompose what is stale and repaint.
     virtual void Update() = 0;

@@ -112,6 +112,7 @@ public:
     int Cursor() const override { return cursor_; }
     void SetCursor(int cursor);
     void ShowCursor(int cursor) override;
+    void ToolCursorChanged() override { ApplyCursor(); }
     // The cursor on screen right now: the property, or a tool's over it.
     int ShownCursor() const { return shownCursor_ >= 0 ? shownCursor_ : cursor_; }
 

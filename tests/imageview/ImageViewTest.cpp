@@ -239,6 +239,17 @@ TEST_F(ImageView, RetouchShowsItsRingExceptInThePictureDragState) {
     EXPECT_EQ(view.cursor().shape(), Qt::SizeAllCursor);
 }
 
+// The ring is the brush's footprint: it follows every change of size.
+TEST_F(ImageView, TheRetouchRingFollowsTheBrushSize) {
+    view.SetMouseInteractGeneral(miRetouchTool);
+    view.SetCursor(crDefault);
+    TIERetouchToolInteraction& brush = view.Interactions().RetouchTool();
+    for (const int size : {10, 40, 20}) {
+        brush.SetBrushSize(size);
+        EXPECT_EQ(view.cursor().pixmap().width(), size + 2) << size;
+    }
+}
+
 // The mouse reaches the armed tool in bitmap pixels: a drag at 200% makes
 // a rectangle whose box is the dragged area of the picture.
 TEST_F(ImageView, ADragWithTheShapeToolMakesALayerInBitmapPixels) {
