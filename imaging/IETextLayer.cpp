@@ -15,16 +15,6 @@ namespace {
 // The text box keeps this much room around the text, in layer pixels.
 constexpr double kSpacingX = 3.0, kSpacingY = 2.0;
 
-QFont QtFont(const TIEFont& f, double scale) {
-    QFont font(f.Name);
-    // Points at 96 dpi, since one picture pixel is one screen pixel.
-    font.setPixelSize(std::max(1, int(std::lround(f.Size * 96.0 / 72.0 * scale))));
-    font.setBold(f.Bold);
-    font.setItalic(f.Italic);
-    font.setUnderline(f.Underline);
-    return font;
-}
-
 int AlignmentFlags(uint8_t alignment, uint8_t layout) {
     int flags = alignment == 1   ? Qt::AlignRight
                 : alignment == 2 ? Qt::AlignHCenter
@@ -35,6 +25,16 @@ int AlignmentFlags(uint8_t alignment, uint8_t layout) {
 }
 
 }  // namespace
+
+QFont IETextQFont(const TIEFont& f, double scale) {
+    QFont font(f.Name);
+    // Points at 96 dpi, since one picture pixel is one screen pixel.
+    font.setPixelSize(std::max(1, int(std::lround(f.Size * 96.0 / 72.0 * scale))));
+    font.setBold(f.Bold);
+    font.setItalic(f.Italic);
+    font.setUnderline(f.Underline);
+    return font;
+}
 
 TIETextLayer::TIETextLayer(TIELayerList* owner) : TIEVectorLayer(ielkText, owner) {
     BorderColor = clNone;
@@ -61,7 +61,7 @@ void TIETextLayer::SetFont(const TIEFont& font) {
 // Word wrap off: the longest line gives the width, the line count the height.
 void TIETextLayer::MeasureIfAutoSized() {
     if (!autoSize_) return;
-    const QFontMetricsF metrics(QtFont(Font, 1.0));
+    const QFontMetricsF metrics(IETextQFont(Font, 1.0));
     double widest = 0;
     const QStringList lines = Text.split('\n');
     for (const QString& line : lines)
@@ -72,7 +72,7 @@ void TIETextLayer::MeasureIfAutoSized() {
 
 int TIETextLayer::MinimumClickHeight() const {
     // There is no font database without a GUI application.
-    const double line = qGuiApp ? QFontMetricsF(QtFont(Font, 1.0)).height() : 0;
+    const double line = qGuiApp ? QFontMetricsF(IETextQFont(Font, 1.0)).height() : 0;
     return int(line) + 5;
 }
 
@@ -98,7 +98,7 @@ void TIETextLayer::PaintToBitmap(TIEBitmap& dest, int width, int height) {
     if (WordWrap && !autoSize_) flags |= Qt::TextWordWrap;
     canvas.Pen = TIEPen{Font.Color, 1};
     canvas.TextAntiAlias = AntiAlias;
-    canvas.DrawText(inner, Text, QtFont(Font, scale), flags);
+    canvas.DrawText(inner, Text, IETextQFont(Font, scale), flags);
 }
 
 void TIETextLayer::SaveToStream(QDataStream& out, bool withPixels) const {

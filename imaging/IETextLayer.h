@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QFont>
+
 #include "imaging/IEVectorLayer.h"
 
 namespace qpt {
@@ -36,5 +38,10 @@ private:
     void MeasureIfAutoSized();
     bool autoSize_ = false;
 };
+
+// The font a text layer draws with, at scale times its own size. Its points
+// are taken at 96 dots per inch whatever the screen, as a picture pixel is
+// a screen pixel; whatever shows the text as it will be drawn uses this.
+QFont IETextQFont(const TIEFont& font, double scale);
 
 }  // namespace qpt

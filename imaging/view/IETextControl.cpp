@@ -20,12 +20,9 @@ TIETextControl::TIETextControl(QWidget* parent) : QTextEdit(parent) {
 }
 
 void TIETextControl::Load(const TIETextLayer& layer, double zoom, const QRect& place) {
-    QFont font(layer.Font.Name);
-    font.setPointSizeF(std::max(1.0, layer.Font.Size * zoom / 100.0));
-    font.setBold(layer.Font.Bold);
-    font.setItalic(layer.Font.Italic);
-    font.setUnderline(layer.Font.Underline);
-    setFont(font);
+    // The same font as the finished layer, so that the text keeps its size
+    // when editing ends, on screens of any resolution.
+    setFont(IETextQFont(layer.Font, zoom / 100.0));
 
     QPalette palette = this->palette();
     palette.setColor(QPalette::Text, IETextQColor(layer.Font.Color));

@@ -372,7 +372,12 @@ TEST_F(TextEditor, OpensOverTheLayerWithTheZoomedFontAndShowsThePictureThrough) 
     TIETextControl* editor = view.TextEditor();
     ASSERT_TRUE(editor->isVisible());
     EXPECT_EQ(editor->geometry(), QRect(view.XBmp2Scr(40), view.YBmp2Scr(30), 240, 80));
-    EXPECT_DOUBLE_EQ(editor->font().pointSizeF(), 28.0);
+    // The layer's 14 points at 96 dots per inch, doubled: whatever the
+    // screen's resolution, the editor shows the size the layer draws.
+    EXPECT_EQ(editor->font().pixelSize(), 37);
+    EXPECT_EQ(editor->font().pixelSize(),
+              IETextQFont(static_cast<TIETextLayer*>(view.Layers().GetLayer(index))->Font, 2.0)
+                  .pixelSize());
     EXPECT_EQ(editor->Text(), "hello");
     EXPECT_FALSE(editor->autoFillBackground());
     // A change of zoom commits the editor.
