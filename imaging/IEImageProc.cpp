@@ -2,10 +2,22 @@
 
 #include <QBuffer>
 #include <QTemporaryFile>
+#include <exception>
 
 #include "imaging/IEFileBuffer.h"
 
 namespace qpt {
+
+namespace {
+
+// A step whose file could not be written whole (a full folder) could not
+// give the state back, so it is not a step.
+bool WrittenWhole(QIODevice& device) {
+    auto* file = qobject_cast<QFileDevice*>(&device);
+    return !file || (file->flush() && file->error() == QFileDevice::NoError);
+}
+
+}  // namespace
 
 std::unique_ptr<QIODevice> TIEImageProc::MakeStream() const {
     if (undoLocation_ == ieFile) {
@@ -30,6 +42,9 @@ bool TIEImageProc::Capture(TIEUndoSource source, int layerIndex, int layerCurren
         copy->SetLocation(undoLocation_);
         copy->Assign(*picture);
         if (!copy->IsAllocated()) return false;
+        // A copy the folder had no room for would hold a whole picture on
+        // the heap for every step; it is not kept.
+        if (undoLocation_ == ieFile && copy->Location() != ieFile) return false;
         object.Bitmap = std::move(copy);
         return true;
     }
@@ -39,23 +54,35 @@ bool TIEImageProc::Capture(TIEUndoSource source, int layerIndex, int layerCurren
         target_->SaveLayers(*stream);
     else
         target_->SaveLayer(*stream, layerIndex, source == ieuFullLayer);
+    if (!WrittenWhole(*stream)) return false;
     object.Stream = std::move(stream);
     return true;
 }
 
-void TIEImageProc::SaveUndoCaptioned(const QString& caption, TIEUndoSource source, int aux) {
-    if (undoLimit_ == 0 || !target_) return;
+bool TIEImageProc::SaveUndoCaptioned(const QString& caption, TIEUndoSource source, int aux) {
+    if (undoLimit_ == 0 || !target_) return false;
     const int current = target_->LayersCurrent();
     TIEUndoStoreInfo info{caption, source, aux, -1, current};
     if (source == ieuLayer || source == ieuFullLayer) info.LayerIndex = current;
     TIEUndoObject object;
-    if (!Capture(source, info.LayerIndex, current, object)) return;
+    if (!Capture(source, info.LayerIndex, current, object)) return false;
     undo_.Add(std::move(object), std::move(info), undoLimit_);
+    ++savedSteps_;
     if (OnSaveUndo) OnSaveUndo();
+    return true;
 }
 
 bool TIEImageProc::PresentState(const TIEUndoStoreInfo& info, TIEUndoObject& object) {
     return Capture(info.Source, info.LayerIndex, info.LayerCurrent, object);
+}
+
+bool TIEImageProc::TryRestore(const TIEUndoStoreInfo& info, TIEUndoObject& object) {
+    try {
+        Restore(info, object);
+        return true;
+    } catch (const std::exception&) {
+        return false;
+    }
 }
 
 void TIEImageProc::Restore(const TIEUndoStoreInfo& info, TIEUndoObject& object) {
@@ -79,19 +106,24 @@ void TIEImageProc::UndoAt(int position, bool removeStep) {
     if (OnUndoRedo && !OnUndoRedo(true)) return;
     const int index = count - 1 - position;
     const TIEUndoStoreInfo info = undo_.Info(index);
+    TIEUndoObject present;
+    const bool hasPresent = removeStep && PresentState(undo_.Info(count - 1), present);
+    if (!TryRestore(info, undo_.Object(index))) {
+        // A step that cannot be read back is dropped; what is shown stays.
+        undo_.Delete(index);
+        target_->Update();
+        return;
+    }
     if (removeStep) {
         // The redo list gets the present state first, then the skipped steps
         // newest first, so that each Redo walks one step forward again.
-        TIEUndoObject present;
-        if (PresentState(undo_.Info(count - 1), present))
-            redo_.Push(std::move(present), undo_.Info(count - 1));
+        if (hasPresent) redo_.Push(std::move(present), undo_.Info(count - 1));
         for (int i = count - 1; i > index; --i) {
             TIEUndoStoreInfo moved = undo_.Info(i);
             redo_.Push(undo_.Take(i), std::move(moved));
         }
+        undo_.Delete(index);
     }
-    Restore(info, undo_.Object(index));
-    if (removeStep) undo_.Delete(index);
     target_->Update();
 }
 
@@ -101,9 +133,10 @@ void TIEImageProc::Redo() {
     if (OnUndoRedo && !OnUndoRedo(false)) return;
     const TIEUndoStoreInfo info = redo_.Info(count - 1);
     TIEUndoObject present;
-    if (undoLimit_ > 0 && PresentState(info, present))
+    const bool hasPresent = undoLimit_ > 0 && PresentState(info, present);
+    // A step that cannot be read back changes nothing, so nothing to undo.
+    if (TryRestore(info, redo_.Object(count - 1)) && hasPresent)
         undo_.Add(std::move(present), info, undoLimit_);
-    Restore(info, redo_.Object(count - 1));
     redo_.Delete(count - 1);
     target_->Update();
 }

@@ -26,9 +26,13 @@ public:
     void SetUndoLocation(TIELocation location) { undoLocation_ = location; }
 
     // Adds a step with the current state of what source names. A source that
-    // cannot be had leaves the store as it was.
-    void SaveUndoCaptioned(const QString& caption, TIEUndoSource source, int aux = 0);
-    void SaveUndo(TIEUndoSource source = ieuImage) { SaveUndoCaptioned({}, source); }
+    // cannot be had, or a step that cannot be stored whole, leaves the store
+    // as it was; the result tells whether a step was added.
+    bool SaveUndoCaptioned(const QString& caption, TIEUndoSource source, int aux = 0);
+    bool SaveUndo(TIEUndoSource source = ieuImage) { return SaveUndoCaptioned({}, source); }
+    // How many steps have been added in the store's life: a caller that
+    // must take back its own step can tell whether there is one.
+    uint64_t SavedSteps() const { return savedSteps_; }
 
     // Restores the newest step; with removeStep it leaves the store and a
     // redo step of the present state takes its place on the redo list.
@@ -66,6 +70,8 @@ private:
     bool Capture(TIEUndoSource source, int layerIndex, int layerCurrent, TIEUndoObject& object);
     std::unique_ptr<QIODevice> MakeStream() const;
     void Restore(const TIEUndoStoreInfo& info, TIEUndoObject& object);
+    // False when the step could not be read back.
+    bool TryRestore(const TIEUndoStoreInfo& info, TIEUndoObject& object);
     // A fresh step of the present state with the layers that info names.
     bool PresentState(const TIEUndoStoreInfo& info, TIEUndoObject& object);
 
@@ -74,6 +80,7 @@ private:
     TIEUndoStore redo_;
     int undoLimit_ = 1;
     TIELocation undoLocation_ = ieFile;
+    uint64_t savedSteps_ = 0;
 };
 
 }  // namespace qpt

@@ -9,8 +9,11 @@ namespace qpt {
 bool TIENewLayer::Add(TIEViewServices& view, TIELayerKind kind, QPointF pos,
                       std::optional<QSizeF> size) {
     TIELayerList& layers = view.Layers();
-    undoSaved_ = IEUserUndoWanted(view);
-    TIELayer* layer = layers.LayersAdd(kind, pos, size, undoSaved_);
+    const bool wanted = IEUserUndoWanted(view);
+    const uint64_t steps = wanted ? view.Proc()->SavedSteps() : 0;
+    TIELayer* layer = layers.LayersAdd(kind, pos, size, wanted);
+    // Only a step that was really stored is taken back with the layer.
+    undoSaved_ = wanted && view.Proc()->SavedSteps() != steps;
     if (!layer) return false;
     index_ = layers.IndexOf(layer);
     view.NewLayer(index_, kind);

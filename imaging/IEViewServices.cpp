@@ -13,9 +13,7 @@ bool IEUserUndoWanted(TIEViewServices& view) {
 }
 
 bool IESaveUserUndo(TIEViewServices& view, uint8_t source) {
-    if (!IEUserUndoWanted(view)) return false;
-    view.Proc()->SaveUndo(TIEUndoSource(source));
-    return true;
+    return IEUserUndoWanted(view) && view.Proc()->SaveUndo(TIEUndoSource(source));
 }
 
 TIEImageLayer& IEWorkingLayer(TIEViewServices& view) {

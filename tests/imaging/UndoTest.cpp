@@ -202,5 +202,24 @@ TEST_F(UndoTest, StepsThatCannotBeTakenOrAreRefused) {
     EXPECT_EQ(FilesHeld(), 1);  // only the image step of before
 }
 
+// A step that cannot be read back (its file was damaged) must never take
+// the session down: it is dropped, and what is shown stays.
+TEST_F(UndoTest, AStepThatCannotBeReadBackIsDroppedAndNothingChanges) {
+    struct Unreadable : FakeView {
+        void LoadLayers(QIODevice&) override {
+            throw EIEException("Layer stream has been corrupted");
+        }
+    } view;
+    TIEImageProc proc(&view);
+    proc.SetUndoLimit(10);
+    view.Layers[0].PosX = 7;
+    EXPECT_TRUE(proc.SaveUndo(ieuObjectsAndLayers));
+    view.Layers[0].PosX = 9;
+    EXPECT_NO_THROW(proc.Undo(true));
+    EXPECT_EQ(proc.UndoCount(), 0);
+    EXPECT_EQ(proc.RedoCount(), 0);
+    EXPECT_EQ(view.Layers[0].PosX, 9);
+}
+
 }  // namespace
 }  // namespace qpt
