@@ -11,6 +11,7 @@
 #include "app/CommandLine.h"
 #include "app/HandOver.h"
 #include "app/PinnedSkin.h"
+#include "app/session/SessionEnd.h"
 #include "app/session/SessionForms.h"
 #include "app/session/SessionMessages.h"
 #include "app/session/SessionState.h"
@@ -205,6 +206,13 @@ void TFormPinned::showEvent(QShowEvent* event) {
         FormShow();
     }
     QWidget::showEvent(event);
+}
+
+void TFormPinned::closeEvent(QCloseEvent* event) {
+    QWidget::closeEvent(event);
+    // The other forms are windows of their own: closing this one alone
+    // would leave the process running with nothing on the screen.
+    CloseSession();
 }
 
 void TFormPinned::mousePressEvent(QMouseEvent* event) {

@@ -58,6 +58,8 @@ public:
 protected:
     void showEvent(QShowEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    // A close request (Alt+F4) ends the session through the message loop.
+    void closeEvent(QCloseEvent* event) override;
     bool event(QEvent* event) override;
 
 private:

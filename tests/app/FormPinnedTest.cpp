@@ -7,6 +7,7 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QStringList>
+#include <QTimer>
 
 #include "app/FormPinned.h"
 #include "app/ScreenLayout.h"
@@ -87,6 +88,18 @@ TEST_F(FormPinnedTest, TallAndExactlyLimitHighPicturesShowTheBarNineWide) {
 TEST_F(FormPinnedTest, AnEmptyRectangleGivesOnePixelAtTheOrigin) {
     auto form = Pin(QSize(20, 20), QRect(0, 0, 0, 0));
     EXPECT_EQ(form->geometry(), QRect(0, 0, 1, 1));
+}
+
+// A close request (Alt+F4 through the window manager) ends the session
+// through the message loop with code 0, not with an invisible process.
+TEST_F(FormPinnedTest, ACloseRequestEndsTheMessageLoopWithCodeZero) {
+    auto form = Pin(QSize(60, 40), QRect(10, 10, 60, 40));
+    QTimer::singleShot(0, form.get(), [&] { form->close(); });
+    QTimer timeout;
+    timeout.setSingleShot(true);
+    QObject::connect(&timeout, &QTimer::timeout, [] { QCoreApplication::exit(7); });
+    timeout.start(5000);
+    EXPECT_EQ(QCoreApplication::exec(), 0);
 }
 
 TEST_F(FormPinnedTest, LeftDragMovesTheWindowAndBringsTheBarBackAtRelease) {
