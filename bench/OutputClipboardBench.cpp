@@ -34,7 +34,8 @@ const qpt::TIEBitmap& Screenshot() {
         QImage image(kW, kH, QImage::Format_RGB888);
         image.fill(Qt::white);
         QPainter painter(&image);
-        QSvgRenderer(QStringLiteral(QPT_TOOLS_DIR "/sample-screenshot.svg")).render(&painter);
+        QSvgRenderer(QStringLiteral(QPT_SOURCE_DIR "/tools/StandInHost/sample-screenshot.svg"))
+            .render(&painter);
         painter.end();
         qpt::TIEBitmap bitmap;
         bitmap.Assign(image);

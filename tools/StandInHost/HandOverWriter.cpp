@@ -1,6 +1,10 @@
 #include "HandOverWriter.h"
 
+#include <QCoreApplication>
+#include <QDir>
+#include <QGuiApplication>
 #include <QPainter>
+#include <QScreen>
 #include <QSvgRenderer>
 
 #include "support/MainIni.h"
@@ -19,6 +23,29 @@ QImage LoadPicture(const QString& path) {
         return image;
     }
     return QImage(path);
+}
+
+QString SamplePicturePath() {
+    return QDir(QCoreApplication::applicationDirPath()).filePath("sample-screenshot.svg");
+}
+
+bool TakePicture(const HostOptions& options, QImage* picture, QRect* rect) {
+    QScreen* screen = QGuiApplication::primaryScreen();
+    if (options.grab) {
+        *picture = screen
+                       ->grabWindow(0, options.grab->x(), options.grab->y(), options.grab->width(),
+                                    options.grab->height())
+                       .toImage();
+        *rect = *options.grab;
+        return !picture->isNull();
+    }
+    *picture = LoadPicture(options.picture.isEmpty() ? SamplePicturePath() : options.picture);
+    if (picture->isNull()) return false;
+    QRect placed(QPoint(), picture->size());
+    placed.moveCenter(screen->availableGeometry().center());
+    if (options.at) placed.moveTopLeft(*options.at);
+    *rect = placed;
+    return true;
 }
 
 QString WriteHandOver(const QImage& picture, const QRect& rect) {

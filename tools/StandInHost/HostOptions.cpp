@@ -22,10 +22,13 @@ QString HostUsage() {
     return QStringLiteral(
         "usage: StandInHost [PICTURE] [--at X,Y] [--grab X,Y,W,H] [--program QPTPIN]\n"
         "                   [--screenshot FILE.png [--after MS]]\n"
+        "       StandInHost --choose [--program QPTPIN]\n"
         "Pins PICTURE (a bundled sample by default) through QptPin as the host would:\n"
         "the picture goes to the temporary folder, its rectangle to section StartPin\n"
         "of Main.ini, then QptPin /QPTMain starts. Every notice from QptPin is printed\n"
-        "as one line 'notice CODE WPARAM LPARAM'; the host ends with QptPin.\n");
+        "as one line 'notice CODE WPARAM LPARAM'; the host ends with QptPin.\n"
+        "With --choose, a window offers to pin the sample or a region of the screen,\n"
+        "again and again, and tells what came back; it ends when it is closed.\n");
 }
 
 HostOptions ParseHostOptions(const QStringList& arguments) {
@@ -47,6 +50,8 @@ HostOptions ParseHostOptions(const QStringList& arguments) {
                 options.error = "--grab wants X,Y,W,H with a positive size";
         } else if (a == "--program" && hasValue) {
             options.program = arguments[++i];
+        } else if (a == "--choose") {
+            options.choose = true;
         } else if (a == "--screenshot" && hasValue) {
             options.screenshot = arguments[++i];
         } else if (a == "--after" && hasValue) {
