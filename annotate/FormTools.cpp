@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "annotate/ToolsPlacement.h"
+#include "app/session/FirstPaint.h"
 #include "app/session/SessionForms.h"
 #include "app/session/SessionMessages.h"
 #include "app/session/SessionState.h"
@@ -42,7 +43,9 @@ TFormTools::~TFormTools() = default;
 
 void TFormTools::FormCreate() {
     PictureRect = QRect();
-    HostWindow = FindHostWindow();
+    // The search walks the server's windows; the host is needed only when
+    // the picture leaves, so it waits until the picture is on the screen.
+    AfterFirstPaint([] { HostWindow = FindHostWindow(); });
     // The dot marks the search as new until it has been used once.
     if (ReadMainIni(QStringLiteral("Main"), QStringLiteral("GsearchRed"), QStringLiteral("0")) ==
         QLatin1StringView("1"))

@@ -11,6 +11,7 @@
 #include "app/CommandLine.h"
 #include "app/HandOver.h"
 #include "app/PinnedSkin.h"
+#include "app/session/FirstPaint.h"
 #include "app/session/SessionEnd.h"
 #include "app/session/SessionForms.h"
 #include "app/session/SessionMessages.h"
@@ -289,14 +290,15 @@ bool TFormPinned::event(QEvent* event) {
         return true;
     }
     const bool result = QWidget::event(event);
-#ifdef QPT_TEST_HOOKS
-    // The first paint of the window, for start-up measurements.
     if (event->type() == QEvent::UpdateRequest && !painted_ && isVisible()) {
         painted_ = true;
+        FirstPaintDone();
+#ifdef QPT_TEST_HOOKS
+        // For start-up measurements and the tests that wait for the picture.
         if (qEnvironmentVariableIntValue("QPT_DEBUG") == 1)
             std::fprintf(stderr, "QptPin: first paint\n");
-    }
 #endif
+    }
     return result;
 }
 

@@ -127,9 +127,10 @@ QRect TRdImageButton::CheckBoxRect() const {
     return qpt::CheckBoxRect(rect(), CurrentLayout().Text, size, CaptionFont(), check_);
 }
 
+// The caption is measured when it is painted or asked about, not here: a
+// form full of buttons that are not on the screen yet loads no font.
 void TRdImageButton::LayoutChanged() {
     FitToText();
-    layout_ = CurrentLayout();
     update();
 }
 

@@ -274,10 +274,10 @@ public:
     bool AutoShowHint() const { return autoShowHint_; }
     void SetAutoShowHint(bool value) { autoShowHint_ = value; }
 
-    // What the last layout found.
-    bool FoundTextEllipsis() const { return layout_.Ellipsis; }
-    bool FoundTextWordBreak() const { return layout_.WordBreak; }
-    int FoundTextDrawLine() const { return int(layout_.Lines.size()); }
+    // What the layout finds for the caption as it stands.
+    bool FoundTextEllipsis() const { return CurrentLayout().Ellipsis; }
+    bool FoundTextWordBreak() const { return CurrentLayout().WordBreak; }
+    int FoundTextDrawLine() const { return int(CurrentLayout().Lines.size()); }
 
     // Run-time state.
     int ButtonState() const { return buttonState_; }
@@ -456,7 +456,6 @@ private:
     QPoint lastMouse_;
     TButtonFade fade_;
     TButtonHitMask hitMask_;
-    TButtonLayout layout_;
     // The button's own cursor while a part shows another.
     bool partCursor_ = false;
     bool hadOwnCursor_ = false;

@@ -224,7 +224,7 @@ void TRdImageButton::ShowHint(QHelpEvent* event) {
         hint = checkBoxHint_;
     else if (!iconHint_.isEmpty() && OverIcon(point))
         hint = iconHint_;
-    else if (hint.isEmpty() && autoShowHint_ && layout_.Ellipsis)
+    else if (hint.isEmpty() && autoShowHint_ && CurrentLayout().Ellipsis)
         hint = ShownCaption(caption_, text_.ShowAccelChar);
     if (OnShowHint) OnShowHint(*this, hint);
     if (hint.isEmpty())

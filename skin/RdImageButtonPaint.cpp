@@ -67,10 +67,10 @@ void TRdImageButton::paintEvent(QPaintEvent*) {
     painter.setOpacity(DrawAlpha() / 255.0);
     PaintBackground(painter);
     if (OnPaintImage) OnPaintImage(*this, painter);
-    layout_ = CurrentLayout();
-    PaintCaption(painter, layout_);
-    PaintSubCaptions(painter, layout_);
-    PaintParts(painter, layout_);
+    const TButtonLayout layout = CurrentLayout();
+    PaintCaption(painter, layout);
+    PaintSubCaptions(painter, layout);
+    PaintParts(painter, layout);
     if (OnPaintEnd) OnPaintEnd(*this, painter);
 }
 
