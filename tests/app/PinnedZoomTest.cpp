@@ -73,6 +73,19 @@ TEST(PinnedZoom, ATallPictureStopsAtTheLimitAndScrolls) {
 // zoom multiplies. They are added once more only at a step where the view,
 // scrolling, is exactly as wide as the window was at the start, and given
 // back once the picture fits again.
+// On a taller second monitor the picture still stops at 80% of the primary
+// screen's height: 864 of 1080, though its own monitor is 1440 high.
+TEST(PinnedZoom, OnASecondMonitorThePrimaryScreenSetsTheLimit) {
+    const TScreenLayout two{QRect(0, 0, 1920, 1080),
+                            {QRect(0, 0, 1920, 1080), QRect(1920, 0, 1280, 1440)},
+                            QRect(0, 0, 3200, 1440)};
+    TZoomRun run(QSize(300, 700), QRect(2400, 300, 300, 700), QRect(1109, 1002, 811, 40), two);
+    EXPECT_EQ(run.Step(12, true), QRect(2700 - 360, 1000 - 840, 360, 840));
+    EXPECT_EQ(run.Step(13, true), QRect(2700 - 390, 1000 - 864, 390, 864));
+    EXPECT_EQ(run.sizes.view, QSize(390, 910));
+    EXPECT_EQ(run.Step(12, false).size(), QSize(360, 840)) << "it fits again below the limit";
+}
+
 TEST(PinnedZoom, TheScrollBarsNinePixelsFollowTheStartingWidth) {
     TZoomRun cut(QSize(300, 900), QRect(600, 100, 309, 800), QRect(98, 902, 811, 40),
                  Screen(1600, 1000));
