@@ -1,6 +1,7 @@
 // From the start of a process to the moment its picture is on the screen of
 // a private X server, for QptPin and, side by side in the same run, for a
-// plain image viewer showing the same picture borderless at the same place.
+// plain image viewer showing the same picture borderless at the same place,
+// and for the least a Qt program needs to do the same: the toolkit's floor.
 // Both are timed the same way: the bench polls the screen pixel at the
 // middle of the picture until it turns the picture's colour. Each run is a
 // new process.
@@ -59,7 +60,24 @@ struct Launch {
     QStringList arguments;
 };
 
-void TimeToPictureOnScreen(benchmark::State& state, bool viewer) {
+enum class TProgram { QptPin, Viewer, MinimalQt };
+
+Launch LaunchOf(TProgram program, const QString& file, QSize size) {
+    switch (program) {
+        case TProgram::Viewer: {
+            const QString geometry = QString("%1x%2+0+0").arg(size.width()).arg(size.height());
+            return {QStandardPaths::findExecutable("feh"),
+                    {"--borderless", "--geometry", geometry, file}};
+        }
+        case TProgram::MinimalQt:
+            return {QPT_MINIMAL_PICTURE, {file}};
+        case TProgram::QptPin:
+            break;
+    }
+    return {QPT_PROGRAM_DIR "/QptPin", {"/QPTMain"}};
+}
+
+void TimeToPictureOnScreen(benchmark::State& state, TProgram which) {
     const int width = int(state.range(0)), height = int(state.range(1));
     testing::VirtualDisplay display(3840, 2160);
     if (!display.isRunning()) return state.SkipWithError("no Xvfb");
@@ -74,11 +92,8 @@ void TimeToPictureOnScreen(benchmark::State& state, bool viewer) {
     WriteMainIni("StartPin", "Top", "0");
     WriteMainIni("StartPin", "Right", QString::number(width));
     WriteMainIni("StartPin", "Bottom", QString::number(height));
-    const QString feh = QStandardPaths::findExecutable("feh");
-    if (viewer && feh.isEmpty()) return state.SkipWithError("no image viewer installed");
-    const QString geometry = QString("%1x%2+0+0").arg(width).arg(height);
-    const Launch launch = viewer ? Launch{feh, {"--borderless", "--geometry", geometry, file}}
-                                 : Launch{QPT_PROGRAM_DIR "/QptPin", {"/QPTMain"}};
+    const Launch launch = LaunchOf(which, file, QSize(width, height));
+    if (launch.program.isEmpty()) return state.SkipWithError("no image viewer installed");
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert("DISPLAY", display.name());
     environment.insert("QT_QPA_PLATFORM", "xcb");
@@ -104,10 +119,13 @@ void TimeToPictureOnScreen(benchmark::State& state, bool viewer) {
 }
 
 void BM_QptPinToPictureOnScreen(benchmark::State& state) {
-    TimeToPictureOnScreen(state, false);
+    TimeToPictureOnScreen(state, TProgram::QptPin);
 }
 void BM_ViewerToPictureOnScreen(benchmark::State& state) {
-    TimeToPictureOnScreen(state, true);
+    TimeToPictureOnScreen(state, TProgram::Viewer);
+}
+void BM_MinimalQtToPictureOnScreen(benchmark::State& state) {
+    TimeToPictureOnScreen(state, TProgram::MinimalQt);
 }
 
 #define QPT_START_BENCH(name)        \
@@ -122,5 +140,6 @@ void BM_ViewerToPictureOnScreen(benchmark::State& state) {
 
 QPT_START_BENCH(BM_QptPinToPictureOnScreen);
 QPT_START_BENCH(BM_ViewerToPictureOnScreen);
+QPT_START_BENCH(BM_MinimalQtToPictureOnScreen);
 
 }  // namespace

@@ -1,0 +1,126 @@
+// One step of the pinned zoom on a 4K picture, from the click on the bar's
+// zoom button to the window painted again, beside the zoomed compose of the
+// same visible area alone, in the same run: the difference is what the
+// resize, the reallocation and the scroll box add. The screen is a 4K screen
+// of the offscreen platform; steps go up to 110% and back down to 100% in
+// turn.
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QImage>
+#include <QTemporaryDir>
+#include <cstdlib>
+
+#include "annotate/FormTools.h"
+#include "app/FormPinned.h"
+#include "app/FormSequence.h"
+#include "app/session/SessionState.h"
+#include "imaging/IEImageLayer.h"
+#include "imaging/IELayerList.h"
+#include "imaging/IEViewCompositor.h"
+#include "imaging/view/IEImageView.h"
+#include "support/MainIni.h"
+#include "support/Paths.h"
+#include "tests/common/ScratchHome.h"
+
+namespace {
+
+using namespace qpt;
+
+constexpr int kW = 3840, kH = 2160;
+
+// A screenshot-like picture: smooth gradients with some texture.
+QImage Picture() {
+    QImage image(kW, kH, QImage::Format_RGB888);
+    for (int y = 0; y < kH; ++y) {
+        uchar* row = image.scanLine(y);
+        for (int x = 0; x < kW; ++x) {
+            row[3 * x] = uchar(x / 15);
+            row[3 * x + 1] = uchar(y / 9);
+            row[3 * x + 2] = uchar((x ^ y) & 0x3F);
+        }
+    }
+    return image;
+}
+
+// The application on one 4K screen, made once for the whole bench.
+void MakeApplication(const QString& folder) {
+    const QString config = folder + "/screens.json";
+    QFile file(config);
+    file.open(QIODevice::WriteOnly);
+    file.write(R"({"screens": [{"name": "4K", "x": 0, "y": 0, "width": 3840, "height": 2160,
+                   "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})");
+    file.close();
+    qputenv("QT_QPA_PLATFORM", ("offscreen:configfile=" + config).toLocal8Bit());
+    static int argc = 1;
+    static char name[] = "bench";
+    static char* argv[] = {name, nullptr};
+    static QApplication* app = new QApplication(argc, argv);
+    (void)app;
+}
+
+struct TSession {
+    QTemporaryDir folder;
+    testing::ScratchHome home;
+    TFormPinned* pinned = nullptr;
+    TFormTools* tools = nullptr;
+
+    TSession() {
+        MakeApplication(folder.path());
+        Picture().save(GetTempFolder() + "QPTPinTemp.bmp", "BMP");
+        WriteMainIni("StartPin", "Left", "0");
+        WriteMainIni("StartPin", "Top", "0");
+        WriteMainIni("StartPin", "Right", QString::number(kW));
+        WriteMainIni("StartPin", "Bottom", QString::number(kH));
+        pinned = CreateSessionForms({"QptPin", "/QPTMain"});
+        pinned->show();
+        tools = pinned->findChild<TFormTools*>();
+        Settle();
+    }
+    static void Settle() {
+        QApplication::processEvents();
+        QApplication::processEvents();
+    }
+};
+
+// Clicks alternately enlarge and shrink, and lets the window handle the
+// request and paint.
+void BM_PinnedZoomStepOn4K(benchmark::State& state) {
+    static TSession session;
+    for (auto _ : state) {
+        if (ZoomStep == 10)
+            session.tools->Rdbtn_enlargeClick();
+        else
+            session.tools->Rdbtn_shrinkClick();
+        TSession::Settle();
+    }
+    state.counters["zoom"] = ZoomStep * 10;
+}
+BENCHMARK(BM_PinnedZoomStepOn4K)->Unit(benchmark::kMillisecond)->MinTime(2.0);
+
+// The view's own compose of the area the window shows, at 110% and 100% in
+// turn, on the same picture.
+void BM_ZoomedComposeOfTheVisibleArea(benchmark::State& state) {
+    TIELayerList layers;
+    layers.Background().Bitmap()->Assign(Picture());
+    layers.Background().FitToBitmap();
+    // The window is cut at 80% of the screen's height and keeps 9 columns
+    // for its scroll bar.
+    const QSize shown100(kW, kH * 8 / 10), shown110((kW + 9) * 11 / 10 - 9, kH * 8 / 10);
+    TIEViewCompositor views[2];
+    const std::pair<double, QSize> steps[] = {{110.0, shown110}, {100.0, shown100}};
+    for (int i = 0; i < 2; ++i) {
+        views[i].Mapping.SetZoom(steps[i].first);
+        views[i].Mapping.SetLayout(kW, kH, steps[i].second.width(), steps[i].second.height());
+        views[i].Compose(layers);
+    }
+    int i = 0;
+    for (auto _ : state) {
+        views[i].Invalidate();
+        views[i].Compose(layers);
+        i = 1 - i;
+    }
+}
+BENCHMARK(BM_ZoomedComposeOfTheVisibleArea)->Unit(benchmark::kMillisecond)->MinTime(2.0);
+
+}  // namespace
