@@ -1,6 +1,8 @@
 #include "tests/app/PinnedProgram.h"
 
+#include <QDir>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QThread>
 #include <cstdlib>
 #include <cstring>
@@ -59,6 +61,18 @@ void PinnedProgram::Pin(const QImage& picture, const QRect& rect, const QStringL
         },
         15000))
         << errors_.toStdString();
+}
+
+QString PinnedProgram::ProgramBesideStatRecorder(const QString& record) {
+    const QString folder = env_.root() + "program/";
+    EXPECT_TRUE(QDir().mkpath(folder));
+    EXPECT_TRUE(QFile::copy(QPT_PROGRAM_DIR "/QptPin", folder + "QptPin"));
+    QFile::setPermissions(folder + "QptPin", QFile::ReadOwner | QFile::ExeOwner);
+    EXPECT_TRUE(QFile::link(QPT_PROGRAM_DIR "/skin", folder + "skin"));
+    EXPECT_TRUE(QFile::link(QPT_PROGRAM_DIR "/QptClipboard", folder + "QptClipboard"));
+    EXPECT_TRUE(QFile::copy(QPT_STAT_STANDIN, folder + "libProductStatistics.so"));
+    env_.setEnv("QPT_STAT_STANDIN_LOG", record.toStdString());
+    return folder + "QptPin";
 }
 
 QImage PinnedProgram::Screen(const QRect& r) {

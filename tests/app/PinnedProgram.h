@@ -28,6 +28,10 @@ protected:
     void Pin(const QImage& picture, const QRect& rect, const QStringList& arguments = {"/QPTMain"},
              const QString& program = QPT_PROGRAM_DIR "/QptPin");
 
+    // A copy of the program, with its skin and clipboard holder, beside a
+    // statistics library that writes what it is told to `record`.
+    QString ProgramBesideStatRecorder(const QString& record);
+
     QImage Screen(const QRect& r);
     // The screen shows the picture's part `part` at `at`.
     bool Shows(const QImage& picture, const QRect& part, QPoint at);

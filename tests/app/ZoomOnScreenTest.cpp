@@ -3,8 +3,6 @@
 // the buttons that stop at the ends, and the codes each click reports.
 #include <gtest/gtest.h>
 
-#include <QDir>
-#include <QFile>
 #include <QThread>
 #include <functional>
 
@@ -89,15 +87,9 @@ TEST_F(TallZoomOnScreen, ATallPictureStopsAtTheLimitAndScrolls) {
 // A copy of the program beside a statistics library that writes down what
 // it is told.
 TEST_F(ZoomOnScreen, EachClickReportsItsUsageCode) {
-    const QString folder = env_.root() + "program/";
-    ASSERT_TRUE(QDir().mkpath(folder));
-    ASSERT_TRUE(QFile::copy(QPT_PROGRAM_DIR "/QptPin", folder + "QptPin"));
-    QFile::setPermissions(folder + "QptPin", QFile::ReadOwner | QFile::ExeOwner);
-    ASSERT_TRUE(QFile::link(QPT_PROGRAM_DIR "/skin", folder + "skin"));
-    ASSERT_TRUE(QFile::copy(QPT_STAT_STANDIN, folder + "libProductStatistics.so"));
     const QString record = env_.root() + "stat.txt";
-    env_.setEnv("QPT_STAT_STANDIN_LOG", record.toStdString());
-    Pin(Pattern(200, 100), QRect(860, 440, 200, 100), {"/QPTMain"}, folder + "QptPin");
+    Pin(Pattern(200, 100), QRect(860, 440, 200, 100), {"/QPTMain"},
+        ProgramBesideStatRecorder(record));
     ShowBar();
     Click(kEnlarge, QRect(840, 430, 220, 110), 11);
     Click(kEnlarge, QRect(820, 420, 240, 120), 12);

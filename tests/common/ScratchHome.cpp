@@ -58,4 +58,11 @@ QByteArray ReadFile(const QString& path) {
     return f.readAll();
 }
 
+QString ReadLogText(const QString& path) {
+    const QByteArray bytes = ReadFile(path);
+    if (bytes.size() < 2) return {};
+    return QString::fromUtf16(reinterpret_cast<const char16_t*>(bytes.constData() + 2),
+                              (bytes.size() - 2) / 2);
+}
+
 }  // namespace qpt::testing

@@ -35,5 +35,8 @@ private:
 // Writes bytes to a file, making its folder.
 void WriteFile(const QString& path, const QByteArray& bytes);
 QByteArray ReadFile(const QString& path);
+// The program's log (UTF-16 after its byte-order mark) as text, empty when
+// there is none.
+QString ReadLogText(const QString& path);
 
 }  // namespace qpt::testing

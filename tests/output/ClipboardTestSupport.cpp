@@ -83,10 +83,7 @@ QByteArray ClipboardTest::Xclip(const char* target) {
 }
 
 QString ClipboardTest::LogText() const {
-    const QByteArray bytes = ReadFile(SettingsFolder() + "log/QptHost.log");
-    if (bytes.size() < 2) return {};
-    return QString::fromUtf16(reinterpret_cast<const char16_t*>(bytes.constData() + 2),
-                              (bytes.size() - 2) / 2);
+    return ReadLogText(SettingsFolder() + "log/QptHost.log");
 }
 
 }  // namespace qpt::testing

@@ -9,51 +9,31 @@
 
 #include "support/HostWindow.h"
 #include "tests/common/DisplayTest.h"
+#include "tests/common/HostStandIn.h"
 #include "tests/common/ScratchHome.h"
 
 namespace qpt {
 namespace {
 
+using testing::Intern;
+using testing::MakeTopLevelWindow;
 using testing::ScratchHome;
-
-xcb_atom_t Intern(xcb_connection_t* c, const char* name) {
-    auto* reply = xcb_intern_atom_reply(
-        c, xcb_intern_atom(c, 0, static_cast<uint16_t>(std::strlen(name)), name), nullptr);
-    const xcb_atom_t atom = reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
-    std::free(reply);
-    return atom;
-}
-
-// A top-level window with the given WM_CLASS (instance and class) and title.
-xcb_window_t MakeWindow(xcb_connection_t* c, const std::string& wmClass, const char* title) {
-    xcb_screen_t* screen = xcb_setup_roots_iterator(xcb_get_setup(c)).data;
-    const xcb_window_t w = xcb_generate_id(c);
-    xcb_create_window(c, XCB_COPY_FROM_PARENT, w, screen->root, 0, 0, 50, 50, 0,
-                      XCB_WINDOW_CLASS_INPUT_OUTPUT, screen->root_visual, 0, nullptr);
-    xcb_change_property(c, XCB_PROP_MODE_REPLACE, w, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, 8,
-                        static_cast<uint32_t>(wmClass.size()), wmClass.data());
-    xcb_change_property(c, XCB_PROP_MODE_REPLACE, w, Intern(c, "_NET_WM_NAME"),
-                        Intern(c, "UTF8_STRING"), 8, static_cast<uint32_t>(std::strlen(title)),
-                        title);
-    xcb_flush(c);
-    return w;
-}
 
 class HostWindowOnX : public testing::DisplayTest {};
 
 TEST_F(HostWindowOnX, FindsTheWindowByClassAndTitleOnly) {
     EXPECT_EQ(FindHostWindow(), 0u);
-    MakeWindow(c_, std::string("host\0Other\0", 11), "Zelk Screenshot");
-    MakeWindow(c_, std::string("host\0TForm_QPTMain\0", 19), "Another title");
+    MakeTopLevelWindow(c_, std::string("host\0Other\0", 11), "Zelk Screenshot");
+    MakeTopLevelWindow(c_, std::string("host\0TForm_QPTMain\0", 19), "Another title");
     EXPECT_EQ(FindHostWindow(), 0u);
     const xcb_window_t host =
-        MakeWindow(c_, std::string("x\0TForm_QPTMain\0", 16), "Zelk Screenshot");
+        MakeTopLevelWindow(c_, std::string("x\0TForm_QPTMain\0", 16), "Zelk Screenshot");
     EXPECT_EQ(FindHostWindow(), host);
 }
 
 TEST_F(HostWindowOnX, NoticeArrivesAsClientMessageWithCodeAndWords) {
     const xcb_window_t host =
-        MakeWindow(c_, std::string("x\0TForm_QPTMain\0", 16), "Zelk Screenshot");
+        MakeTopLevelWindow(c_, std::string("x\0TForm_QPTMain\0", 16), "Zelk Screenshot");
     PostHostNotice(host, 2, 1);
     xcb_generic_event_t* event = nullptr;
     while ((event = xcb_wait_for_event(c_)) && (event->response_type & 0x7f) != XCB_CLIENT_MESSAGE)
