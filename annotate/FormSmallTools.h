@@ -94,5 +94,8 @@ private:
 // Brings the text layer under edit, or the current one, to the session's
 // text style, and reloads the editor open on it.
 void ApplyTextStyle();
+// The text layer at layerIndex, as its editor opens: the bar's lists and
+// colour show its style, and the session's text style becomes its own.
+void SyncTextStyleFromLayer(int layerIndex);
 
 }  // namespace qpt

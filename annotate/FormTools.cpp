@@ -5,6 +5,7 @@
 #include <QScreen>
 #include <cmath>
 
+#include "annotate/AppEventMsg.h"
 #include "annotate/ToolsPlacement.h"
 #include "app/session/FirstPaint.h"
 #include "app/session/SessionForms.h"
@@ -36,6 +37,7 @@ TFormTools::TFormTools(QWidget* parent)
     CreateShareMenu();
     ConnectClicks();
     ConnectOverlays();
+    AppEvent_Msg = new TAppEventMsg(*this);
     RegisterForm(qpt::FormTools, this);
 }
 

@@ -3,6 +3,7 @@
 #include <QRect>
 #include <QStringList>
 #include <QWidget>
+#include <cstdint>
 #include <memory>
 
 #include "output/OutputBar.h"
@@ -18,7 +19,9 @@ class TRdImageNote;
 class TRdImageNoteList;
 class TRdSkinHint;
 class TRdSkinMenu;
+class TAppEventMsg;
 class TSaveFlow;
+struct TToolRow;
 
 // The floating bar of the pinned picture: zoom, the size of the view, the
 // seven drawing tools, undo, exit, share, image search, copy and save. It
@@ -57,8 +60,9 @@ public:
     void Rdbtn_shrinkClick();
     void Btn_Rd_ShareClick();
 
-    // Clicks whose work comes with the tools, undo and exit, and share: this
-    // is where those flows connect. Until then they do nothing.
+    // The seven tools: the first click arms the tool and opens the style bar
+    // arranged for it, a second click on the same button disarms it and
+    // closes the bar; a click on another tool moves the selection.
     void Btn_Rd_RectClick();
     void Btn_Rd_EllipClick();
     void Btn_Rd_LineClick();
@@ -66,8 +70,19 @@ public:
     void Btn_Rd_BrushClick();
     void Btn_Rd_MosaicClick();
     void Btn_Rd_FontClick();
+    // The style bar beside the toolbar while it is up; else the toolbar goes
+    // back next to the picture.
+    void PlaceStyleBar();
+    // One step of undo.
     void Btn_Rd_ReturnClick();
+    // Throws the picture away: the session ends at once.
     void Btn_Rd_DelClick();
+    // Every key press of the process passes here first and goes on to its
+    // window: Esc leaves (twice once something was drawn), Ctrl+Z undoes,
+    // Ctrl+C copies and Ctrl+S saves, while the toolbar is up.
+    void AppEvent_MsgMessage(int key, Qt::KeyboardModifiers modifiers);
+    // Clicks whose work comes with the share flows: this is where those
+    // connect. Until then they do nothing.
     void Btn_Rd_GoogleClick();
     // The ways out by the clipboard and by a file; also Ctrl+C and Ctrl+S.
     void Btn_Rd_CopyClick();
@@ -90,7 +105,9 @@ public:
     // The seven tool buttons, in the order of the bar.
     QList<TRdImageButton*> ToolButtons() const;
 
+    // The Esc presses answered with the exit tip; never reset.
     int EscCount = 0;
+    TAppEventMsg* AppEvent_Msg = nullptr;
     // The pinned window's rectangle at the last layout: left, top and the
     // edges just past its right and bottom.
     QRect PictureRect;
@@ -147,6 +164,10 @@ private:
     // Raises the path panel while its folder dialog is up; true when that
     // was all a click may do.
     bool FolderDialogHoldsClicks() const;
+    void ActivateTool(int32_t toolId);
+    void ArmPixelation();
+    void ArmLayerTool(const TToolRow& tool);
+    void EscPressed();
 
     // Kept between saves, as the save dialog keeps its last filter.
     std::unique_ptr<TSaveFlow> saveFlow_;

@@ -36,15 +36,6 @@ void TFormTools::ConnectClicks() {
 
 // The work of these comes with the tool state machine, undo and exit, the
 // share flows; each connects in its own handler here.
-void TFormTools::Btn_Rd_RectClick() {}
-void TFormTools::Btn_Rd_EllipClick() {}
-void TFormTools::Btn_Rd_LineClick() {}
-void TFormTools::Btn_Rd_ArrowClick() {}
-void TFormTools::Btn_Rd_BrushClick() {}
-void TFormTools::Btn_Rd_MosaicClick() {}
-void TFormTools::Btn_Rd_FontClick() {}
-void TFormTools::Btn_Rd_ReturnClick() {}
-void TFormTools::Btn_Rd_DelClick() {}
 void TFormTools::Btn_Rd_GoogleClick() {}
 void TFormTools::MenuFacebookClick() {}
 void TFormTools::MenuTwitterClick() {}
