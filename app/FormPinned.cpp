@@ -8,6 +8,8 @@
 #include <QScrollBar>
 #include <cstdio>
 
+#include "annotate/FormSmallTools.h"
+#include "annotate/LayerStyling.h"
 #include "app/CommandLine.h"
 #include "app/HandOver.h"
 #include "app/PinnedSkin.h"
@@ -18,8 +20,6 @@
 #include "app/session/SessionState.h"
 #include "imaging/IEImageLayer.h"
 #include "imaging/IEImageProc.h"
-#include "imaging/IERetouchToolInteraction.h"
-#include "imaging/IEShapeLayer.h"
 #include "imaging/view/IEImageView.h"
 #include "skin/RdSkinStyle.h"
 #include "support/Language.h"
@@ -198,7 +198,7 @@ void TFormPinned::FormShow() {
     Image_Front->LayersDeselectAll();
     Image_Front->SetCursor(crSizeAll);
     Image_Front->EnableInteractionHints = false;
-    ArmToolForTests();
+    HookLayerEvents();
 }
 
 void TFormPinned::showEvent(QShowEvent* event) {
@@ -302,32 +302,22 @@ bool TFormPinned::event(QEvent* event) {
     return result;
 }
 
-// Arms a tool as the toolbar would, through the view's own interface, so
-// that end-to-end tests can draw before the toolbar exists.
-void TFormPinned::ArmToolForTests() {
-#ifdef QPT_TEST_HOOKS
-    const QByteArray tool = qgetenv("QPT_TEST_ARM_TOOL");
-    if (tool.isEmpty()) return;
-    Image_Front->SetCursor(crDefault);
-    if (tool == "rectangle") {
-        // Dressed as the toolbar dresses a new rectangle: an outline only.
-        Image_Front->OnNewLayer = [this](int index, TIELayerKind) {
-            auto* shape = dynamic_cast<TIEShapeLayer*>(Image_Front->Layers().GetLayer(index));
-            if (!shape) return;
-            shape->Shape = iesRectangle;
-            shape->FillColor = clNone;
-            shape->SetBorderColor(ShapeColor);
-            shape->SetBorderWidth(PenWidth);
-        };
-        Image_Front->SetMouseInteractLayers(mlCreateShapeLayers);
-    }
-    if (tool == "mosaic") {
-        Image_Front->Interactions().RetouchTool().SetRetouchMode(
-            TIERetouchToolInteraction::kPixelateMode);
-        Image_Front->SetMouseInteractGeneral(miRetouchTool);
-    }
-    ToolArmed = 1;
-#endif
+// The view asks for each mark the user begins; it is dressed in the
+// session's style.
+void TFormPinned::Image_FrontNewLayer(int, TIELayerKind kind) {
+    if (TIELayer* layer = Image_Front->Layers().GetLayer(Image_Front->LayersCurrent()))
+        DressNewLayer(*layer, kind);
+}
+
+void TFormPinned::HookLayerEvents() {
+    Image_Front->OnNewLayer = [this](int index, TIELayerKind kind) {
+        Image_FrontNewLayer(index, kind);
+    };
+    // Hooked and empty: no change of a layer reaches the forms this way.
+    Image_Front->OnLayerNotifyEx = [](int, TIELayerEvent) {};
+    Image_Front->OnActivateTextEditor = [this] {
+        SyncTextStyleFromLayer(Image_Front->EditingLayer());
+    };
 }
 
 }  // namespace qpt

@@ -6,6 +6,7 @@
 #include "app/HandOver.h"
 #include "app/PinnedBars.h"
 #include "app/ScreenLayout.h"
+#include "imaging/IELayerTypes.h"
 #include "skin/RdScrollBox.h"
 
 namespace qpt {
@@ -33,6 +34,8 @@ public:
     void Image_FrontMouseDown(Qt::MouseButton button, int x, int y);
     void Image_FrontMouseMove(int x, int y);
     void Image_FrontMouseUp(Qt::MouseButton button);
+    // Dresses the mark the user has just begun in the session's style.
+    void Image_FrontNewLayer(int index, TIELayerKind kind);
     // The application gained (true) or lost the activation.
     void WMACTIVATEAPP(bool active);
     // One zoom step was taken (wParam 1 up, 0 down): the window follows the
@@ -70,7 +73,7 @@ private:
     void ResizeForZoom(bool up);
     // The window rectangle the bars lay themselves out against.
     QRect PinnedRect() const { return QRect(x(), y(), width(), height()); }
-    void ArmToolForTests();
+    void HookLayerEvents();
 
     QStringList arguments_;
     bool shown_ = false;

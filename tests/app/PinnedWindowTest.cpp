@@ -53,23 +53,5 @@ TEST_F(PinnedWindow, ALeftDragMovesTheWindowByTheMouseDelta) {
     EXPECT_TRUE(WaitFor([&] { return Shows(picture, picture.rect(), QPoint(360, 295)); }));
 }
 
-TEST_F(PinnedWindow, AnArmedRectangleToolDrawsWhereTheMouseDrags) {
-    const QImage picture = Pattern(400, 300);
-    qputenv("QPT_TEST_ARM_TOOL", "rectangle");
-    Pin(picture, QRect(100, 100, 400, 300));
-    qunsetenv("QPT_TEST_ARM_TOOL");
-    ASSERT_TRUE(WaitFor([&] { return Shows(picture, picture.rect(), QPoint(100, 100)); }));
-    Xdotool({"mousemove", "150", "150", "mousedown", "1", "mousemove", "200", "190", "mousemove",
-             "260", "230", "mousemove", "300", "250", "sleep", "0.2", "mouseup", "1"});
-    // The window stayed; the picture changed along the dragged box only.
-    EXPECT_TRUE(WaitFor([&] {
-        return !Shows(picture, QRect(45, 48, 160, 5), QPoint(145, 148)) &&
-               !Shows(picture, QRect(48, 45, 5, 110), QPoint(148, 145));
-    })) << "no frame along the drag";
-    EXPECT_TRUE(Shows(picture, QRect(0, 0, 400, 40), QPoint(100, 100)));
-    EXPECT_TRUE(Shows(picture, QRect(70, 70, 100, 50), QPoint(170, 170))) << "an outline only";
-    EXPECT_TRUE(Shows(picture, QRect(0, 170, 400, 130), QPoint(100, 270)));
-}
-
 }  // namespace
 }  // namespace qpt

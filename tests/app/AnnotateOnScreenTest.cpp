@@ -1,0 +1,157 @@
+// Drawing on the real program: the toolbar's tools clicked and the marks
+// dragged out with XTest, what the screen then shows, undo and the ways out
+// by the keys and the exit button.
+#include <gtest/gtest.h>
+
+#include <QThread>
+
+#include "tests/app/PinnedProgram.h"
+#include "tests/common/ScratchHome.h"
+
+namespace qpt {
+namespace {
+
+using testing::Pattern;
+using testing::WaitFor;
+
+// Places of the buttons on the toolbar at 1x, from its top left corner.
+constexpr QPoint kRect(255, 20), kOval(285, 20), kLine(315, 20), kArrow(345, 20), kBrush(375, 20),
+    kMosaic(405, 20), kReturn(493, 20), kDel(523, 20);
+
+class AnnotateOnScreen : public testing::PinnedProgram {
+protected:
+    // A grey picture at 100,100; the toolbar comes with a first click, at
+    // 0,402 for a picture this size.
+    void PinGrey() {
+        QImage grey(400, 300, QImage::Format_RGB888);
+        grey.fill(QColor(0x80, 0x80, 0x80));
+        PinAndShowBar(grey);
+    }
+    void PinAndShowBar(const QImage& picture, const QString& program = QPT_PROGRAM_DIR "/QptPin") {
+        picture_ = picture;
+        Pin(picture, QRect(100, 100, 400, 300), {"/QPTMain"}, program);
+        ClickAt(QPoint(300, 110));
+        ASSERT_TRUE(WaitFor([&] { return !(bar_ = ToolbarRect()).isEmpty(); }));
+    }
+    void Tool(QPoint button) {
+        ClickAt(bar_.topLeft() + button);
+        QThread::msleep(150);
+    }
+    void Drag(QPoint from, QPoint to) {
+        const QPoint mid = (from + to) / 2;
+        Xdotool({"mousemove", N(from.x()), N(from.y()), "mousedown", "1", "mousemove",
+                 N(from.x() + 3), N(from.y() + 3), "mousemove", N(mid.x()), N(mid.y()), "mousemove",
+                 N(to.x()), N(to.y()), "sleep", "0.2", "mouseup", "1"});
+    }
+    void Key(const char* keys) { Xdotool({"mousemove", "300", "250", "key", keys}); }
+    // Screen pixels in r of the session's red, the colour a new mark gets.
+    int RedIn(const QRect& r) {
+        const QImage shot = Screen(r);
+        int red = 0;
+        for (int y = 0; y < shot.height(); ++y)
+            for (int x = 0; x < shot.width(); ++x)
+                red += (shot.pixel(x, y) & 0xFFFFFF) == 0xFF0000;
+        return red;
+    }
+    // The picture is untouched in r (screen coordinates).
+    bool Plain(const QRect& r) { return Shows(picture_, r.translated(-100, -100), r.topLeft()); }
+    bool Ended() {
+        return program_.waitForFinished(8000) && program_.exitStatus() == QProcess::NormalExit &&
+               program_.exitCode() == 0;
+    }
+
+    static QString N(int v) { return QString::number(v); }
+    QImage picture_;
+    QRect bar_;
+};
+
+TEST_F(AnnotateOnScreen, EachToolDrawsItsMarkInTheSessionsRedAndWidth) {
+    PinGrey();
+    const std::pair<QPoint, QRect> marks[] = {
+        {kRect, QRect(120, 120, 80, 60)},  {kOval, QRect(240, 120, 80, 60)},
+        {kLine, QRect(360, 120, 80, 60)},  {kArrow, QRect(120, 260, 80, 60)},
+        {kBrush, QRect(240, 260, 80, 60)},
+    };
+    for (const auto& [button, box] : marks) {
+        Tool(button);
+        Drag(box.topLeft(), box.bottomRight());
+        const QRect around = box.adjusted(-12, -12, 12, 12);
+        EXPECT_TRUE(WaitFor([&] { return RedIn(around) > 60; }))
+            << "tool at " << button.x() << ": " << RedIn(around);
+    }
+    // The rectangle is an outline of 4 pixels: its inside and its line.
+    EXPECT_TRUE(Plain(QRect(130, 130, 60, 40)));
+    EXPECT_EQ(RedIn(QRect(150, 118, 1, 8)), 4);
+    // Nothing beside the marks, and no grips round them.
+    EXPECT_TRUE(Plain(QRect(100, 210, 400, 30)));
+}
+
+TEST_F(AnnotateOnScreen, ASecondClickDisarmsTheToolAndTheDragMovesThePictureAgain) {
+    PinGrey();
+    Tool(kRect);
+    Tool(kRect);
+    Drag(QPoint(200, 200), QPoint(260, 240));
+    EXPECT_TRUE(WaitFor([&] { return PinnedWindowRect().topLeft() == QPoint(160, 140); }));
+    EXPECT_EQ(RedIn(QRect(160, 140, 400, 300)), 0);
+}
+
+TEST_F(AnnotateOnScreen, PixelationFlattensFirstAndStopsWhenAnotherToolIsChosen) {
+    PinAndShowBar(Pattern(400, 300));
+    Tool(kRect);
+    Drag(QPoint(120, 120), QPoint(180, 160));
+    ASSERT_TRUE(WaitFor([&] { return RedIn(QRect(110, 110, 80, 60)) > 60; }));
+    Tool(kMosaic);
+    Drag(QPoint(300, 150), QPoint(400, 200));
+    EXPECT_TRUE(WaitFor([&] { return !Plain(QRect(320, 160, 60, 30)); })) << "pixelated";
+    Tool(kRect);
+    Drag(QPoint(300, 300), QPoint(420, 370));
+    ASSERT_TRUE(WaitFor([&] { return RedIn(QRect(290, 290, 140, 90)) > 100; }));
+    EXPECT_TRUE(Plain(QRect(320, 320, 80, 30))) << "the brush no longer works on the picture";
+}
+
+TEST_F(AnnotateOnScreen, CtrlZAndTheUndoButtonTakeBackTheLastMarks) {
+    PinGrey();
+    Tool(kOval);
+    Drag(QPoint(120, 120), QPoint(200, 180));
+    Drag(QPoint(300, 250), QPoint(380, 320));
+    ASSERT_TRUE(WaitFor([&] { return RedIn(QRect(290, 240, 100, 90)) > 60; }));
+    Key("ctrl+z");
+    EXPECT_TRUE(WaitFor([&] { return RedIn(QRect(290, 240, 100, 90)) == 0; }));
+    EXPECT_GT(RedIn(QRect(110, 110, 100, 80)), 60) << "one step only";
+    ClickAt(bar_.topLeft() + kReturn);
+    EXPECT_TRUE(WaitFor([&] { return Plain(QRect(100, 100, 400, 300)); }));
+}
+
+TEST_F(AnnotateOnScreen, EscLeavesAtOnceWithoutAChange) {
+    PinGrey();
+    Key("Escape");
+    EXPECT_TRUE(Ended());
+}
+
+TEST_F(AnnotateOnScreen, EscAfterAChangeShowsTheTipAndTheSecondLeaves) {
+    PinGrey();
+    Tool(kRect);
+    Drag(QPoint(120, 120), QPoint(200, 180));
+    ASSERT_TRUE(WaitFor([&] { return RedIn(QRect(110, 110, 100, 80)) > 60; }));
+    Key("Escape");
+    EXPECT_FALSE(program_.waitForFinished(500)) << "the tip, not the end";
+    Key("Escape");
+    EXPECT_TRUE(Ended());
+}
+
+TEST_F(AnnotateOnScreen, TheExitButtonEndsTheSessionReportingIt) {
+    const QString record = env_.root() + "stat.txt";
+    const QString program = ProgramBesideStatRecorder(record);
+    QImage grey(400, 300, QImage::Format_RGB888);
+    grey.fill(Qt::gray);
+    PinAndShowBar(grey, program);
+    Tool(kRect);
+    ClickAt(bar_.topLeft() + kDel);
+    EXPECT_TRUE(Ended());
+    const QStringList codes =
+        QString::fromUtf8(testing::ReadFile(record)).split('\n').filter("DoStatistic");
+    EXPECT_EQ(codes, QStringList({"DoStatistic qpt1 a302 0", "DoStatistic qpt1 a313 0"}));
+}
+
+}  // namespace
+}  // namespace qpt
