@@ -1,11 +1,10 @@
 #include "output/share/UploadTransfer.h"
 
-#include <curl/curl.h>
-
 #include <algorithm>
 #include <chrono>
 #include <memory>
-#include <mutex>
+
+#include "output/share/CurlLibrary.h"
 
 namespace qpt {
 
@@ -92,77 +91,81 @@ int CheckProgress(void* user, curl_off_t, curl_off_t down, curl_off_t, curl_off_
     return 0;
 }
 
-void InitCurlOnce() {
-    static std::once_flag once;
-    std::call_once(once, [] { curl_global_init(CURL_GLOBAL_DEFAULT); });
+// Asked only once PostBody has found the library.
+const TCurlCalls& Curl() {
+    return *CurlCalls();
 }
 
 void SetTls(CURL* curl, const TTransferOptions& options) {
-    curl_easy_setopt(curl, CURLOPT_PROTOCOLS_STR, "https");
-    curl_easy_setopt(curl, CURLOPT_SSLVERSION, long(CURL_SSLVERSION_TLSv1_2));
-    curl_easy_setopt(curl, CURLOPT_SSL_VERIFYPEER, 1L);
-    curl_easy_setopt(curl, CURLOPT_SSL_VERIFYHOST, 2L);
+    Curl().easy_setopt(curl, CURLOPT_PROTOCOLS_STR, "https");
+    Curl().easy_setopt(curl, CURLOPT_SSLVERSION, long(CURL_SSLVERSION_TLSv1_2));
+    Curl().easy_setopt(curl, CURLOPT_SSL_VERIFYPEER, 1L);
+    Curl().easy_setopt(curl, CURLOPT_SSL_VERIFYHOST, 2L);
     if (!options.caFile.empty()) {
-        curl_easy_setopt(curl, CURLOPT_CAINFO, options.caFile.c_str());
+        Curl().easy_setopt(curl, CURLOPT_CAINFO, options.caFile.c_str());
         // The built-in folder of system CAs would be trusted beside the file.
-        curl_easy_setopt(curl, CURLOPT_CAPATH, nullptr);
+        Curl().easy_setopt(curl, CURLOPT_CAPATH, nullptr);
     }
 }
 
 void SetRequest(CURL* curl, const TTransferOptions& options, TTransferState& state,
                 curl_slist* headers) {
-    curl_easy_setopt(curl, CURLOPT_URL, options.url.c_str());
-    curl_easy_setopt(curl, CURLOPT_NOSIGNAL, 1L);
-    curl_easy_setopt(curl, CURLOPT_POST, 1L);
-    curl_easy_setopt(curl, CURLOPT_POSTFIELDSIZE_LARGE, curl_off_t(state.source.size()));
-    curl_easy_setopt(curl, CURLOPT_HTTPHEADER, headers);
-    curl_easy_setopt(curl, CURLOPT_USERAGENT, "QptPin");
-    curl_easy_setopt(curl, CURLOPT_UPLOAD_BUFFERSIZE, ChunkBytes(state.source.size()));
-    curl_easy_setopt(curl, CURLOPT_CONNECTTIMEOUT_MS, long(options.connectTimeoutMs));
-    curl_easy_setopt(curl, CURLOPT_READFUNCTION, ReadBody);
-    curl_easy_setopt(curl, CURLOPT_READDATA, &state);
-    curl_easy_setopt(curl, CURLOPT_WRITEFUNCTION, WriteAnswer);
-    curl_easy_setopt(curl, CURLOPT_WRITEDATA, &state);
-    curl_easy_setopt(curl, CURLOPT_XFERINFOFUNCTION, CheckProgress);
-    curl_easy_setopt(curl, CURLOPT_XFERINFODATA, &state);
-    curl_easy_setopt(curl, CURLOPT_NOPROGRESS, 0L);
+    Curl().easy_setopt(curl, CURLOPT_URL, options.url.c_str());
+    Curl().easy_setopt(curl, CURLOPT_NOSIGNAL, 1L);
+    Curl().easy_setopt(curl, CURLOPT_POST, 1L);
+    Curl().easy_setopt(curl, CURLOPT_POSTFIELDSIZE_LARGE, curl_off_t(state.source.size()));
+    Curl().easy_setopt(curl, CURLOPT_HTTPHEADER, headers);
+    Curl().easy_setopt(curl, CURLOPT_USERAGENT, "QptPin");
+    Curl().easy_setopt(curl, CURLOPT_UPLOAD_BUFFERSIZE, ChunkBytes(state.source.size()));
+    Curl().easy_setopt(curl, CURLOPT_CONNECTTIMEOUT_MS, long(options.connectTimeoutMs));
+    Curl().easy_setopt(curl, CURLOPT_READFUNCTION, ReadBody);
+    Curl().easy_setopt(curl, CURLOPT_READDATA, &state);
+    Curl().easy_setopt(curl, CURLOPT_WRITEFUNCTION, WriteAnswer);
+    Curl().easy_setopt(curl, CURLOPT_WRITEDATA, &state);
+    Curl().easy_setopt(curl, CURLOPT_XFERINFOFUNCTION, CheckProgress);
+    Curl().easy_setopt(curl, CURLOPT_XFERINFODATA, &state);
+    Curl().easy_setopt(curl, CURLOPT_NOPROGRESS, 0L);
 }
 
 std::string FailureText(CURLcode code, const TTransferState& state, const char* detail) {
     if (state.timedOut) return "read time-out";
     if (state.tooLong) return "answer too long";
     if (Cancelled(state)) return "cancelled";
-    return *detail ? std::string(detail) : std::string(curl_easy_strerror(code));
+    return *detail ? std::string(detail) : std::string(Curl().easy_strerror(code));
 }
 
 }  // namespace
 
 TTransferResult PostBody(const TTransferOptions& options, QIODevice& source,
                          TTransferHooks& hooks) {
-    InitCurlOnce();
     TTransferResult result;
-    std::unique_ptr<CURL, decltype(&curl_easy_cleanup)> curl(curl_easy_init(), curl_easy_cleanup);
+    if (!CurlCalls()) {
+        result.error = "the transfer library libcurl.so.4 cannot be loaded";
+        return result;
+    }
+    std::unique_ptr<CURL, decltype(&curl_easy_cleanup)> curl(Curl().easy_init(),
+                                                             Curl().easy_cleanup);
     if (!curl) {
         result.error = "no transfer handle";
         return result;
     }
     const std::string contentType = "Content-Type: " + options.contentType;
-    curl_slist* headers = curl_slist_append(nullptr, contentType.c_str());
+    curl_slist* headers = Curl().slist_append(nullptr, contentType.c_str());
     // Without this, a large body would wait for a "100 Continue" first.
-    headers = curl_slist_append(headers, "Expect:");
+    headers = Curl().slist_append(headers, "Expect:");
     std::unique_ptr<curl_slist, decltype(&curl_slist_free_all)> headerList(headers,
-                                                                           curl_slist_free_all);
+                                                                           Curl().slist_free_all);
     TTransferState state(source, hooks, options.readTimeoutMs);
     char detail[CURL_ERROR_SIZE] = {};
-    curl_easy_setopt(curl.get(), CURLOPT_ERRORBUFFER, detail);
+    Curl().easy_setopt(curl.get(), CURLOPT_ERRORBUFFER, detail);
     SetTls(curl.get(), options);
     SetRequest(curl.get(), options, state, headerList.get());
-    const CURLcode code = curl_easy_perform(curl.get());
+    const CURLcode code = Curl().easy_perform(curl.get());
     if (code != CURLE_OK) {
         result.error = FailureText(code, state, detail);
         return result;
     }
-    curl_easy_getinfo(curl.get(), CURLINFO_RESPONSE_CODE, &result.status);
+    Curl().easy_getinfo(curl.get(), CURLINFO_RESPONSE_CODE, &result.status);
     result.completed = true;
     result.answer = std::move(state.answer);
     return result;
