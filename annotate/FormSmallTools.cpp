@@ -5,6 +5,7 @@
 
 #include "annotate/FontFamilies.h"
 #include "annotate/StyleRules.h"
+#include "app/session/FirstPaint.h"
 #include "app/session/SessionForms.h"
 #include "skin/RdComboBox.h"
 #include "skin/RdImageButton.h"
@@ -30,7 +31,12 @@ TFormSmallTools::~TFormSmallTools() {
 
 void TFormSmallTools::FormCreate() {
     lbl_PixelSize->SetCaption(QptMessages().Text(QStringLiteral("M_Screen_PixelSize")));
-    StartFontList();
+    Font_ComboBox->setCurrentIndex(-1);
+    // The font caches are read while the picture is already on the screen,
+    // not beside its first paint for the processor.
+    AfterFirstPaint(this, [this] {
+        if (!fontsReady_ && !fontThread_) StartFontList();
+    });
     SelectPen(1);
     ScaleSkinnedForm(this);
     if (!ScaleActive()) return;
@@ -41,10 +47,9 @@ void TFormSmallTools::FormCreate() {
     }
 }
 
-// The families are read on a thread of their own, so that the picture is
-// on the screen without waiting for the font caches.
+// The families are read on a thread of their own, so that nothing waits
+// for the font caches.
 void TFormSmallTools::StartFontList() {
-    Font_ComboBox->setCurrentIndex(-1);
     fontThread_ = QThread::create([this] { gatheredFonts_ = SystemFontFamilies(); });
     connect(fontThread_, &QThread::finished, this, [this] {
         if (!fontsReady_) FillFontList(gatheredFonts_);

@@ -47,7 +47,7 @@ void TFormTools::FormCreate() {
     PictureRect = QRect();
     // The search walks the server's windows; the host is needed only when
     // the picture leaves, so it waits until the picture is on the screen.
-    AfterFirstPaint([] { HostWindow = FindHostWindow(); });
+    AfterFirstPaint(this, [] { HostWindow = FindHostWindow(); });
     // The dot marks the search as new until it has been used once.
     if (ReadMainIni(QStringLiteral("Main"), QStringLiteral("GsearchRed"), QStringLiteral("0")) ==
         QLatin1StringView("1"))

@@ -1,33 +1,40 @@
 #include "app/session/FirstPaint.h"
 
+#include <QPointer>
 #include <QTimer>
+#include <utility>
 #include <vector>
 
 namespace qpt {
 
 namespace {
 
+struct TWaitingWork {
+    QPointer<QObject> context;
+    std::function<void()> work;
+};
+
 bool painted = false;
 
-std::vector<std::function<void()>>& Waiting() {
-    static std::vector<std::function<void()>> work;
-    return work;
+std::vector<TWaitingWork>& Waiting() {
+    static std::vector<TWaitingWork> waiting;
+    return waiting;
 }
 
 }  // namespace
 
-void AfterFirstPaint(std::function<void()> work) {
+void AfterFirstPaint(QObject* context, std::function<void()> work) {
     if (painted)
-        QTimer::singleShot(0, std::move(work));
+        QTimer::singleShot(0, context, std::move(work));
     else
-        Waiting().push_back(std::move(work));
+        Waiting().push_back({context, std::move(work)});
 }
 
 void FirstPaintDone() {
     if (painted) return;
     painted = true;
-    for (std::function<void()>& work : Waiting())
-        QTimer::singleShot(0, std::move(work));
+    for (TWaitingWork& waiting : Waiting())
+        if (waiting.context) QTimer::singleShot(0, waiting.context.data(), std::move(waiting.work));
     Waiting().clear();
 }
 
