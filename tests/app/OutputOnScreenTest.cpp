@@ -39,7 +39,9 @@ protected:
         ClickAt(bar.topLeft() + QPoint(buttonLeft + 20, 20));
         Xdotool({"mousemove", "5", "5"});
     }
-    void ClickCopy() { PinAndClick(632); }
+    void ClickCopy(const QString& program = QPT_PROGRAM_DIR "/QptPin") {
+        PinAndClick(632, program);
+    }
     bool Ended() { return program_.waitForFinished(30000) && program_.exitCode() == 0; }
     QImage PastedPng() {
         QProcess xclip;
@@ -63,10 +65,12 @@ protected:
 
 TEST_F(OutputOnScreen, CopyLeavesThePictureOnTheClipboardAfterTheEndAndTellsTheHost) {
     WriteMainIni("Screenshot", "ClipboardShow", "1");
-    ClickCopy();
+    const QString record = env_.root() + "stat.txt";
+    ClickCopy(ProgramBesideStatRecorder(record));
     ASSERT_TRUE(Ended()) << errors_.toStdString();
     ExpectThePicture(PastedPng());
     EXPECT_EQ(Notices(), QList<QPoint>{QPoint(1, 1)});
+    EXPECT_TRUE(testing::ReadFile(record).contains("DoStatistic qpt1 a311"));
 }
 
 // The tip stands in the pinned picture's place until it closes by itself;
