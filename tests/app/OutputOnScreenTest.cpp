@@ -85,6 +85,28 @@ TEST_F(OutputOnScreen, CopyWithTheTipTellsTheHostOnceTheTipHasGone) {
     ExpectThePicture(PastedPng());
 }
 
+// A rectangle drawn with the toolbar, then Ctrl+C: the mark is in the
+// pasted picture, an outline of the session's red four pixels wide, and the
+// rest is the picture as it was.
+TEST_F(OutputOnScreen, CopyByTheKeyBurnsTheMarkIntoThePastedPicture) {
+    WriteMainIni("Screenshot", "ClipboardShow", "1");
+    PinAndClick(255 - 20);  // the rectangle tool
+    Xdotool({"mousemove", "620", "320", "mousedown", "1", "mousemove", "623", "323", "mousemove",
+             "660", "350", "mousemove", "700", "380", "sleep", "0.2", "mouseup", "1"});
+    ASSERT_TRUE(WaitFor([&] { return Screen(QRect(660, 321, 1, 1)).pixel(0, 0) == 0xFFFF0000; }));
+    Xdotool({"mousemove", "750", "450", "key", "ctrl+c"});
+    ASSERT_TRUE(Ended()) << errors_.toStdString();
+    const QImage pasted = PastedPng().convertToFormat(QImage::Format_RGB32);
+    ASSERT_EQ(pasted.size(), picture_.size());
+    int red = 0;
+    for (int y = 14; y < 28; ++y)
+        red += (pasted.pixel(60, y) & 0xFFFFFF) == 0xFF0000;
+    EXPECT_EQ(red, 4);
+    QImage expected = picture_.convertToFormat(QImage::Format_RGB32);
+    EXPECT_EQ(pasted.copy(0, 100, 300, 100), expected.copy(0, 100, 300, 100));
+    EXPECT_EQ(pasted.copy(30, 30, 60, 40), expected.copy(30, 30, 60, 40)) << "inside the outline";
+}
+
 TEST_F(OutputOnScreen, AlwaysSaveWritesTheFileNamesItAndTellsTheHost) {
     const QString folder = env_.root() + "shots/";
     ASSERT_TRUE(QDir().mkpath(folder));
