@@ -16,7 +16,11 @@ using testing::WaitFor;
 
 // Places of the buttons on the toolbar at 1x, from its top left corner.
 constexpr QPoint kRect(255, 20), kOval(285, 20), kLine(315, 20), kArrow(345, 20), kBrush(375, 20),
-    kMosaic(405, 20), kReturn(493, 20), kDel(523, 20);
+    kMosaic(405, 20), kFont(435, 20), kReturn(493, 20), kDel(523, 20);
+// On the style bar at 1x, which opens under the toolbar: the widest pen, and
+// the palette's green cell in the shape arrangement.
+constexpr QPoint kWidestPen(80, 26), kGreen(273, 16);
+constexpr QRgb kGreenRgb = 0x22B14C;
 
 class AnnotateOnScreen : public testing::PinnedProgram {
 protected:
@@ -45,14 +49,16 @@ protected:
     }
     void Key(const char* keys) { Xdotool({"mousemove", "300", "250", "key", keys}); }
     // Screen pixels in r of the session's red, the colour a new mark gets.
-    int RedIn(const QRect& r) {
+    int RedIn(const QRect& r) { return ColourIn(r, 0xFF0000); }
+    int ColourIn(const QRect& r, QRgb colour) {
         const QImage shot = Screen(r);
-        int red = 0;
+        int count = 0;
         for (int y = 0; y < shot.height(); ++y)
             for (int x = 0; x < shot.width(); ++x)
-                red += (shot.pixel(x, y) & 0xFFFFFF) == 0xFF0000;
-        return red;
+                count += (shot.pixel(x, y) & 0xFFFFFF) == colour;
+        return count;
     }
+    QPoint StyleBar() const { return bar_.bottomLeft() + QPoint(0, 3); }
     // The picture is untouched in r (screen coordinates).
     bool Plain(const QRect& r) { return Shows(picture_, r.translated(-100, -100), r.topLeft()); }
     bool Ended() {
@@ -84,6 +90,46 @@ TEST_F(AnnotateOnScreen, EachToolDrawsItsMarkInTheSessionsRedAndWidth) {
     EXPECT_EQ(RedIn(QRect(150, 118, 1, 8)), 4);
     // Nothing beside the marks, and no grips round them.
     EXPECT_TRUE(Plain(QRect(100, 210, 400, 30)));
+}
+
+// The style bar's pen and palette dress the next mark; the marks before
+// keep their look.
+TEST_F(AnnotateOnScreen, TheStyleBarsPenAndColourDressTheNextMark) {
+    PinGrey();
+    Tool(kRect);
+    Drag(QPoint(120, 120), QPoint(200, 180));
+    ASSERT_TRUE(WaitFor([&] { return RedIn(QRect(110, 110, 100, 80)) > 60; }));
+    ClickAt(StyleBar() + kWidestPen);
+    ClickAt(StyleBar() + kGreen);
+    Drag(QPoint(300, 120), QPoint(380, 180));
+    ASSERT_TRUE(WaitFor([&] { return ColourIn(QRect(290, 110, 100, 80), kGreenRgb) > 200; }));
+    EXPECT_EQ(ColourIn(QRect(340, 105, 1, 30), kGreenRgb), 8) << "8 pixels wide";
+    EXPECT_EQ(RedIn(QRect(160, 105, 1, 30)), 4) << "the first keeps its 4 red pixels";
+}
+
+// A text is begun with a drag, takes what is typed in the text colour, and
+// stays when the tool is put away.
+TEST_F(AnnotateOnScreen, TheTextToolWritesInTheTextColour) {
+    PinGrey();
+    const auto reddish = [&] {
+        const QImage shot = Screen(QRect(130, 130, 250, 100));
+        int count = 0;
+        for (int y = 0; y < shot.height(); ++y)
+            for (int x = 0; x < shot.width(); ++x) {
+                const QRgb p = shot.pixel(x, y);
+                count += qRed(p) > 200 && qGreen(p) < 90 && qBlue(p) < 90;
+            }
+        return count;
+    };
+    Tool(kFont);
+    Drag(QPoint(150, 150), QPoint(300, 200));
+    QThread::msleep(300);
+    EXPECT_LT(reddish(), 3) << "nothing written yet";
+    Xdotool({"type", "--delay", "30", "HHHHHH"});
+    EXPECT_TRUE(WaitFor([&] { return reddish() > 12; })) << reddish();
+    Tool(kFont);
+    QThread::msleep(300);
+    EXPECT_GT(reddish(), 12) << "the text stays";
 }
 
 TEST_F(AnnotateOnScreen, ASecondClickDisarmsTheToolAndTheDragMovesThePictureAgain) {
