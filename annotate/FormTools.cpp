@@ -136,6 +136,7 @@ void TFormTools::ResetToolButtons() {
 bool TFormTools::event(QEvent* event) {
     if (const TSessionMessage* message = AsSessionMessage(event)) {
         if (message->Id == kMsgResetToolButtons) ResetToolButtons();
+        if (message->Id == kMsgShareFinished) ShareFinished(message->WParam);
         return true;
     }
     return QWidget::event(event);

@@ -81,9 +81,6 @@ public:
     // window: Esc leaves (twice once something was drawn), Ctrl+Z undoes,
     // Ctrl+C copies and Ctrl+S saves, while the toolbar is up.
     void AppEvent_MsgMessage(int key, Qt::KeyboardModifiers modifiers);
-    // Clicks whose work comes with the share flows: this is where those
-    // connect. Until then they do nothing.
-    void Btn_Rd_GoogleClick();
     // The ways out by the clipboard and by a file; also Ctrl+C and Ctrl+S.
     void Btn_Rd_CopyClick();
     void Rd_SaveClick();
@@ -97,10 +94,16 @@ public:
     void CloseStyleBar() override;
     void SetSaveButtonState(int state) override;
     void SetCopyButtonState(int state) override;
+    // The share menu and the image search upload the flattened picture and
+    // open the page for their kind; the process ends when that is done.
     void MenuFacebookClick();
     void MenuTwitterClick();
     void MenuPinterestClick();
     void MenuImgurClick();
+    void Btn_Rd_GoogleClick();
+    // The upload window's report: 1 after a share that leaves the link on
+    // the clipboard, which the host is told of. Then the process ends.
+    void ShareFinished(int wParam);
 
     // The seven tool buttons, in the order of the bar.
     QList<TRdImageButton*> ToolButtons() const;
@@ -168,6 +171,9 @@ private:
     void ArmPixelation();
     void ArmLayerTool(const TToolRow& tool);
     void EscPressed();
+    void ShareBy(int kind);
+    // The dot marks the search as new until it has been used once.
+    void TakeOffSearchDot();
 
     // Kept between saves, as the save dialog keeps its last filter.
     std::unique_ptr<TSaveFlow> saveFlow_;

@@ -34,12 +34,4 @@ void TFormTools::ConnectClicks() {
     Image_BarBg->OnMouseDown = [this](TRdImageButton&, Qt::MouseButton) { Image_BarBgMouseDown(); };
 }
 
-// The work of these comes with the tool state machine, undo and exit, the
-// share flows; each connects in its own handler here.
-void TFormTools::Btn_Rd_GoogleClick() {}
-void TFormTools::MenuFacebookClick() {}
-void TFormTools::MenuTwitterClick() {}
-void TFormTools::MenuPinterestClick() {}
-void TFormTools::MenuImgurClick() {}
-
 }  // namespace qpt

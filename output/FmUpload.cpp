@@ -6,6 +6,7 @@
 #include <QScreen>
 
 #include "app/session/SessionMessages.h"
+#include "output/ClipboardHandOver.h"
 #include "output/share/ShareKind.h"
 #include "output/share/UploadImage.h"
 #include "output/share/UploadSettings.h"
@@ -131,7 +132,13 @@ void TFmUpload::OnUploadDone(TUploadImage& sender) {
         ProUpload->SetPosition(ProUpload->Max());
         hide();
         const QString address = BuildShareAddress(ShareKind, link);
-        if (ShareKind == skTwitter) FinishFlag = 1;
+        if (ShareKind == skTwitter) {
+            FinishFlag = 1;
+            // The process ends right after; the holder keeps the link for the
+            // user to paste into the post. An empty link would only wipe what
+            // the clipboard held before.
+            if (!link.isEmpty()) HandTextToClipboard(link);
+        }
         DebugOutput(link);
         if (!address.trimmed().isEmpty()) OpenUrlViaShell(address);
     }
