@@ -43,12 +43,12 @@ protected:
     QRect PinnedWindowRect();
     QRect ToolbarRect();
 
-    QProcess program_;
-    QByteArray errors_;
-
-private:
+    // The first mapped top-level window that matches, or an empty rectangle.
     QRect MappedWindow(const std::function<bool(xcb_window_t)>& matches);
     QByteArray Property(xcb_window_t window, const char* name);
+
+    QProcess program_;
+    QByteArray errors_;
 };
 
 }  // namespace qpt::testing

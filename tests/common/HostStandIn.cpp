@@ -36,6 +36,8 @@ HostStandIn::HostStandIn(xcb_connection_t* c)
       noticeAtom_(Intern(c, kHostNoticeAtom)) {}
 
 QList<QPoint> HostStandIn::Notices() {
+    // A round trip first: a notice the server took before now is then queued here.
+    std::free(xcb_get_input_focus_reply(c_, xcb_get_input_focus(c_), nullptr));
     while (xcb_generic_event_t* event = xcb_poll_for_event(c_)) {
         const auto* message = reinterpret_cast<xcb_client_message_event_t*>(event);
         if ((event->response_type & 0x7f) == XCB_CLIENT_MESSAGE && message->type == noticeAtom_ &&
