@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QThread>
+#include <cstdlib>
 
 #include "tests/app/PinnedProgram.h"
 #include "tests/common/ScratchHome.h"
@@ -182,6 +183,49 @@ TEST_F(AnnotateOnScreen, EscAfterAChangeShowsTheTipAndTheSecondLeaves) {
     Key("Escape");
     EXPECT_FALSE(program_.waitForFinished(500)) << "the tip, not the end";
     Key("Escape");
+    EXPECT_TRUE(Ended());
+}
+
+// Auto-repeat counts as more presses: held down, Esc ends a session that
+// has a change without a second press.
+TEST_F(AnnotateOnScreen, HoldingEscLeavesOnceAChangeExists) {
+    PinGrey();
+    Tool(kRect);
+    Drag(QPoint(120, 120), QPoint(200, 180));
+    ASSERT_TRUE(WaitFor([&] { return RedIn(QRect(110, 110, 100, 80)) > 60; }));
+    Xdotool({"mousemove", "300", "250", "keydown", "Escape", "sleep", "2", "keyup", "Escape"});
+    EXPECT_TRUE(Ended());
+}
+
+// A close request, as a window manager sends it for Alt+F4, ends the
+// process with code 0 instead of leaving it running unseen.
+TEST_F(AnnotateOnScreen, ACloseRequestEndsTheProcessWithCodeZero) {
+    PinGrey();
+    QProcess search;
+    search.start("xdotool", {"search", "--name", "^Zelk Screenshot$"});
+    ASSERT_TRUE(search.waitForFinished(5000));
+    const QList<QByteArray> ids = search.readAllStandardOutput().trimmed().split('\n');
+    ASSERT_FALSE(ids.isEmpty());
+    const auto atom = [&](const char* name) {
+        xcb_intern_atom_reply_t* reply = xcb_intern_atom_reply(
+            c_, xcb_intern_atom(c_, 0, uint16_t(qstrlen(name)), name), nullptr);
+        const xcb_atom_t value = reply ? reply->atom : XCB_ATOM_NONE;
+        std::free(reply);
+        return value;
+    };
+    const xcb_atom_t protocols = atom("WM_PROTOCOLS"), close = atom("WM_DELETE_WINDOW");
+    for (const QByteArray& id : ids) {
+        xcb_client_message_event_t event{};
+        event.response_type = XCB_CLIENT_MESSAGE;
+        event.format = 32;
+        event.window = xcb_window_t(id.toUInt());
+        event.type = protocols;
+        event.data.data32[0] = close;
+        event.data.data32[1] = XCB_CURRENT_TIME;
+        xcb_send_event(c_, 0, event.window, XCB_EVENT_MASK_NO_EVENT,
+                       reinterpret_cast<const char*>(&event));
+    }
+    xcb_flush(c_);
     EXPECT_TRUE(Ended());
 }
 
