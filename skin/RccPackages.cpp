@@ -8,14 +8,25 @@
 #include <map>
 #include <mutex>
 
+#include "skin/RccCheck.h"
+#include "support/SafeFileIo.h"
+
 namespace qpt {
 
 namespace {
 
-// Unregistering needs the very path and root given at registration.
+// A package is registered from the bytes that were checked, not from its
+// file, which could change in between; the bytes must live as long as the
+// registration, and unregistering needs them and the very root again.
+struct Package {
+    QString root;
+    QByteArray bytes;
+    const uchar* data() const { return reinterpret_cast<const uchar*>(bytes.constData()); }
+};
+
 struct Registry {
     std::mutex lock;
-    std::map<QString, QString> roots;  // path -> root
+    std::map<QString, Package> packages;  // by path
 };
 
 Registry& TheRegistry() {
@@ -32,26 +43,29 @@ QString RootOf(const QString& path) {
 bool RccRegister(const QString& path) {
     Registry& r = TheRegistry();
     std::lock_guard lock(r.lock);
-    if (path.isEmpty() || r.roots.count(path)) return false;
-    const QString root = RootOf(path);
-    if (!QFileInfo(path).isFile() || !QResource::registerResource(path, root)) return false;
-    r.roots[path] = root;
+    if (path.isEmpty() || r.packages.count(path)) return false;
+    Package package{RootOf(path), {}};
+    if (ReadRegularFile(path, kMaxRccFileSize, &package.bytes) != 0 ||
+        !IsSoundRccPackage(package.bytes) ||
+        !QResource::registerResource(package.data(), package.root))
+        return false;
+    r.packages.emplace(path, std::move(package));
     return true;
 }
 
 void RccUnregister(const QString& path) {
     Registry& r = TheRegistry();
     std::lock_guard lock(r.lock);
-    const auto it = r.roots.find(path);
-    if (it == r.roots.end()) return;
-    QResource::unregisterResource(path, it->second);
-    r.roots.erase(it);
+    const auto it = r.packages.find(path);
+    if (it == r.packages.end()) return;
+    QResource::unregisterResource(it->second.data(), it->second.root);
+    r.packages.erase(it);
 }
 
 bool RccIsRegistered(const QString& path) {
     Registry& r = TheRegistry();
     std::lock_guard lock(r.lock);
-    return r.roots.count(path) > 0;
+    return r.packages.count(path) > 0;
 }
 
 QByteArray RccData(const QString& resourceName) {

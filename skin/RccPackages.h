@@ -7,8 +7,9 @@ namespace qpt {
 
 // The package store. A package is a Qt binary resource file, registered under
 // a root named after its file ("classic.rcc" under ":/classic/"), so all
-// packages share one tree. A file that is missing, empty or no resource file
-// simply registers nothing.
+// packages share one tree. A file that is missing, no regular file, or not
+// a sound resource package (damaged, cut, or too big) registers nothing and
+// counts as missing.
 bool RccRegister(const QString& path);
 void RccUnregister(const QString& path);
 bool RccIsRegistered(const QString& path);

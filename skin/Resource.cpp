@@ -1,17 +1,18 @@
 #include "skin/Resource.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 
 #include "skin/ColorTable.h"
 #include "skin/PngImage.h"
+#include "skin/RccCheck.h"
 #include "skin/RccPackages.h"
 #include "skin/RccPath.h"
 #include "skin/RdLog.h"
 #include "skin/RdgImage.h"
 #include "skin/ResourceState.h"
 #include "support/Paths.h"
+#include "support/SafeFileIo.h"
 
 namespace qpt {
 
@@ -49,8 +50,9 @@ QString RegisterPublic(const TRccPath& rcc) {
 }
 
 QByteArray ReadLooseFile(const QString& fileName) {
-    QFile file(fileName);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    QByteArray bytes;
+    ReadRegularFile(fileName, kMaxRccEntrySize, &bytes);
+    return bytes;
 }
 
 }  // namespace

@@ -10,7 +10,7 @@
 namespace qpt::testing {
 
 QString BuildPackage(const QString& folder, const QString& fileName,
-                     const std::map<QString, QByteArray>& files) {
+                     const std::map<QString, QByteArray>& files, const QStringList& options) {
     const QString source = folder + fileName + ".src/";
     QString qrc = "<RCC><qresource prefix=\"/\">\n";
     for (const auto& [name, bytes] : files) {
@@ -21,7 +21,8 @@ QString BuildPackage(const QString& folder, const QString& fileName,
     WriteFile(source + "package.qrc", qrc.toUtf8());
     const QString target = folder + fileName;
     QProcess rcc;
-    rcc.start(QPT_RCC, {"--binary", "-o", target, source + "package.qrc"});
+    rcc.start(QPT_RCC, QStringList{"--binary", "-o", target} + options +
+                           QStringList{source + "package.qrc"});
     if (!rcc.waitForFinished(30000) || rcc.exitCode() != 0) return {};
     return target;
 }
