@@ -3,6 +3,7 @@
 #include <png.h>
 
 #include <csetjmp>
+#include <cstdlib>
 #include <cstring>
 
 namespace qpt {
@@ -13,6 +14,24 @@ namespace {
 // never fill the announced picture is refused before the pixels are allocated.
 constexpr uint64_t kMaxInflateRatio = 1100;
 constexpr uint32_t kMaxSide = 65535;
+// A skin picture is a part of a window: none comes near 16 million pixels
+// (64 MiB decoded), so anything bigger is no skin picture and is refused
+// before a byte of it is allocated.
+constexpr uint64_t kMaxPixels = uint64_t(1) << 24;
+// libpng allocates a whole text chunk at the length that its header
+// announces, before reading it, so a few bytes could ask for gigabytes. Its
+// own buffers for a skin picture (rows of at most 65535 pixels, the inflate
+// window, text of a few lines) never come near this; a bigger request fails,
+// and libpng skips the chunk or gives up on the picture.
+constexpr png_alloc_size_t kMaxLibpngAllocation = 8 << 20;
+
+png_voidp BoundedMalloc(png_structp, png_alloc_size_t size) {
+    return size <= kMaxLibpngAllocation ? std::malloc(size) : nullptr;
+}
+
+void PlainFree(png_structp, png_voidp pointer) {
+    std::free(pointer);
+}
 
 struct ReadContext {
     const uint8_t* data = nullptr;
@@ -47,6 +66,7 @@ bool ReadPixels(png_structp png, png_infop info, ReadContext& context) {
     png_read_info(png, info);
     const png_uint_32 width = png_get_image_width(png, info);
     const png_uint_32 height = png_get_image_height(png, info);
+    if (uint64_t(width) * height > kMaxPixels) png_error(png, "too large for a skin picture");
     const int colorType = png_get_color_type(png, info);
     png_set_expand(png);
     png_set_strip_16(png);
@@ -145,7 +165,8 @@ TDecodedPng DecodePng(const QByteArray& bytes) {
     context.size = size_t(bytes.size());
     QImage image;
     context.image = &image;
-    png_structp png = png_create_read_struct(PNG_LIBPNG_VER_STRING, &context, OnError, OnWarning);
+    png_structp png = png_create_read_struct_2(PNG_LIBPNG_VER_STRING, &context, OnError, OnWarning,
+                                               nullptr, BoundedMalloc, PlainFree);
     png_infop info = png ? png_create_info_struct(png) : nullptr;
     if (!info) {
         png_destroy_read_struct(&png, nullptr, nullptr);

@@ -23,8 +23,8 @@ struct TDecodedPng {
 bool HasPngSignature(const QByteArray& bytes);
 
 // Any PNG colour type and depth becomes 8-bit premultiplied ARGB. Truncated,
-// corrupt or oversized data (a side of 65536 or more) yields no pixels and a
-// reason in Error, never an exception.
+// corrupt or oversized data (a side of 65536 or more, more than 16 million
+// pixels) yields no pixels and a reason in Error, never an exception.
 TDecodedPng DecodePng(const QByteArray& bytes);
 
 // Writes 8-bit RGBA (RGB when every pixel is opaque) with the given texts;

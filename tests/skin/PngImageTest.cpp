@@ -97,6 +97,12 @@ TEST(PngImage, HostileDataGivesAnEmptyPicture) {
     EXPECT_FALSE(image.LoadFromBytes(Header(60000, 60000) + bytes.mid(33)));
     EXPECT_FALSE(image.LoadFromBytes("GIF89a"));
     EXPECT_EQ(image.GetPixel(0, 0), 0u);
+
+    // Enough data that it could fill 4097 x 4097 pixels, but no skin picture
+    // is that big: refused for its size before the data is looked at.
+    const QByteArray big = Header(4097, 4097) + Chunk("IDAT", QByteArray(130000, 'x'));
+    EXPECT_FALSE(image.LoadFromBytes(big));
+    EXPECT_TRUE(image.LastError().contains("too large")) << image.LastError().toStdString();
 }
 
 TEST(PngImage, CopiesSharePixelsUntilOneWrites) {
