@@ -176,21 +176,28 @@ void SettleAlpha(const TBmpInfo& b, TIEBitmap& out, bool anyNonZero) {
     if (out.AlphaChannel()->Full()) out.RemoveAlphaChannel();
 }
 
-// Row r of the file lands in picture row Target(r) of a picture of `rows`.
-int Target(const TBmpInfo& b, int fileRow, int rows) {
-    return b.TopDown ? fileRow : rows - 1 - fileRow;
+// Row r of the file lands in picture row Target(r); a file cut short keeps
+// its rows where they belong, at the bottom of a bottom-up picture.
+int Target(const TBmpInfo& b, int fileRow) {
+    return b.TopDown ? fileRow : b.Height - 1 - fileRow;
+}
+
+// The rows that a file cut short leaves out are black.
+void ClearMissingRows(const TBmpInfo& b, TIEBitmap& out, int rows) {
+    for (int r = rows; r < b.Height; ++r)
+        std::memset(out.Scanline(Target(b, r)), 0, size_t(b.Width) * 3);
 }
 
 bool ReadStraight24(TIEByteSource& s, const TBmpInfo& b, TIEBitmap& out, int rows) {
     if (out.Location() != ieFile) {
         std::vector<uint8_t*> dest(static_cast<size_t>(rows));
         for (int r = 0; r < rows; ++r)
-            dest[size_t(r)] = out.Scanline(Target(b, r, rows));
+            dest[size_t(r)] = out.Scanline(Target(b, r));
         return s.ReadRuns(b.PixelOffset, b.Stride(), dest.data(), rows) == rows;
     }
     for (int r = 0; r < rows; ++r)
-        if (s.ReadAt(b.PixelOffset + r * b.Stride(), out.Scanline(Target(b, r, rows)),
-                     b.Stride()) != b.Stride())
+        if (s.ReadAt(b.PixelOffset + r * b.Stride(), out.Scanline(Target(b, r)), b.Stride()) !=
+            b.Stride())
             return false;
     return true;
 }
@@ -208,7 +215,7 @@ bool ReadConverted(TIEByteSource& s, const TBmpInfo& b, TIEBitmap& out, int rows
         if (s.ReadAt(b.PixelOffset + r0 * stride, in.data(), n * stride) != n * stride)
             return false;
         for (int i = 0; i < n; ++i) {
-            const int row = Target(b, r0 + i, rows);
+            const int row = Target(b, r0 + i);
             ConvertRow(b, in.data() + i * stride, out.Scanline(row),
                        plane ? alpha.data() : nullptr);
             if (!plane) continue;
@@ -221,10 +228,49 @@ bool ReadConverted(TIEByteSource& s, const TBmpInfo& b, TIEBitmap& out, int rows
     return true;
 }
 
+// The compressed bytes, read in small pieces and never beyond `end`, so that
+// memory follows the picture and not the file.
+class TRleInput {
+public:
+    TRleInput(TIEByteSource& s, int64_t begin, int64_t end) : s_(s), next_(begin), end_(end) {}
+    // False at the end of the data.
+    bool Next(uint8_t& byte) {
+        if (at_ == buffer_.size() && !Refill()) return false;
+        byte = buffer_[at_++];
+        return true;
+    }
+    void Skip(int64_t count) {
+        for (uint8_t ignored = 0; count > 0 && Next(ignored); --count) {
+        }
+    }
+
+private:
+    bool Refill() {
+        const int64_t n = std::min<int64_t>(end_ - next_, 65536);
+        buffer_.resize(size_t(std::max<int64_t>(n, 0)));
+        const int64_t got = n > 0 ? s_.ReadAt(next_, buffer_.data(), n) : 0;
+        buffer_.resize(size_t(got));
+        next_ += got;
+        at_ = 0;
+        return got > 0;
+    }
+
+    TIEByteSource& s_;
+    int64_t next_, end_;
+    std::vector<uint8_t> buffer_;
+    size_t at_ = 0;
+};
+
+// What a picture can use of RLE data: no pixel costs more than four bytes
+// (a move of one pixel), the end of each row two and the end of the picture
+// two. Bytes beyond that are padding or hostile, and are not read.
+int64_t RleBytesUsable(const TBmpInfo& b) {
+    return 4 * int64_t(b.Width) * b.Height + 2 * int64_t(b.Height) + 2;
+}
+
 // Decodes RLE4 and RLE8 data; whatever the data leaves out stays black.
-void DecodeRle(const TBmpInfo& b, const std::vector<uint8_t>& d, TIEBitmap& out) {
+void DecodeRle(const TBmpInfo& b, TRleInput& in, TIEBitmap& out) {
     const bool four = b.Compression == kRle4;
-    const size_t n = d.size();
     int x = 0, y = 0;
     auto put = [&](int index) {
         if (x < b.Width && y < b.Height) {
@@ -234,10 +280,8 @@ void DecodeRle(const TBmpInfo& b, const std::vector<uint8_t>& d, TIEBitmap& out)
         }
         ++x;
     };
-    size_t i = 0;
-    while (i + 1 < n && y < b.Height) {
-        const int count = d[i], value = d[i + 1];
-        i += 2;
+    uint8_t count = 0, value = 0;
+    while (y < b.Height && in.Next(count) && in.Next(value)) {
         if (count > 0) {
             for (int k = 0; k < count && x < b.Width; ++k)
                 put(four ? (k & 1 ? value & 15 : value >> 4) : value);
@@ -246,26 +290,26 @@ void DecodeRle(const TBmpInfo& b, const std::vector<uint8_t>& d, TIEBitmap& out)
         } else if (value == 1) {
             return;
         } else if (value == 2) {
-            if (i + 1 >= n) return;
-            x += d[i], y += d[i + 1];
-            i += 2;
+            uint8_t dx = 0, dy = 0;
+            if (!in.Next(dx) || !in.Next(dy)) return;
+            x += dx, y += dy;
         } else {
-            const size_t bytes = four ? (size_t(value) + 1) / 2 : size_t(value);
-            for (int k = 0; k < value && i + (four ? k / 2 : k) < n; ++k) {
-                const int byte = d[i + (four ? k / 2 : k)];
-                put(four ? (k & 1 ? byte & 15 : byte >> 4) : byte);
+            const int bytes = four ? (value + 1) / 2 : value;
+            uint8_t byte = 0;
+            for (int k = 0; k < bytes && in.Next(byte); ++k) {
+                put(four ? byte >> 4 : byte);
+                if (four && 2 * k + 1 < value) put(byte & 15);
             }
-            i += (bytes + 1) & ~size_t(1);
+            in.Skip(bytes & 1);  // runs are padded to whole words
         }
     }
 }
 
 bool ReadRle(TIEByteSource& s, const TBmpInfo& b, TIEBitmap& out) {
-    const int64_t size = s.Size() - b.PixelOffset;
-    std::vector<uint8_t> data(static_cast<size_t>(size));
-    if (s.ReadAt(b.PixelOffset, data.data(), size) != size) return false;
+    const int64_t end = b.PixelOffset + std::min(s.Size() - b.PixelOffset, RleBytesUsable(b));
+    TRleInput in(s, b.PixelOffset, end);
     out.Fill(0);
-    DecodeRle(b, data, out);
+    DecodeRle(b, in, out);
     return true;
 }
 
@@ -276,15 +320,17 @@ bool IEReadBmp(TIEByteSource& source, TIEBitmap& bitmap) {
     if (!ReadInfo(source, b)) return false;
     const bool rle = b.Compression == kRle4 || b.Compression == kRle8;
     const int64_t available = source.Size() - b.PixelOffset;
-    // RLE expands at most about 128 times; a claim beyond that is hostile.
-    if (rle && int64_t(b.Width) * b.Height > available * 256 + 65536) return false;
+    // RLE expands at most about 128 times, and a file cut short keeps its
+    // size: a claim far beyond the data is hostile.
+    if (int64_t(b.Width) * b.Height > available * 256 + 65536) return false;
     const int rows = rle ? b.Height : int(std::min<int64_t>(b.Height, available / b.Stride()));
     if (rows < 1) return false;
 
     TIEBitmap out;
     out.SetMinFileSize(bitmap.MinFileSize());
     out.SetLocation(bitmap.Location() == ieTBitmap ? ieMemory : bitmap.Location());
-    if (!out.Allocate(b.Width, rows, ie24RGB)) return false;
+    if (!out.Allocate(b.Width, b.Height, ie24RGB)) return false;
+    ClearMissingRows(b, out, rows);
     bool ok;
     if (rle)
         ok = ReadRle(source, b, out);

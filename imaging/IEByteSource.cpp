@@ -26,7 +26,9 @@ int64_t TIEMemorySource::ReadAt(int64_t offset, void* dest, int64_t length) {
 }
 
 TIEFileSource::TIEFileSource(const QString& path) {
-    fd_ = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
+    // Non-blocking, so that a named pipe in the picture's place is refused
+    // below instead of waited on.
+    fd_ = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
     struct stat st {};
     if (fd_ >= 0 && (::fstat(fd_, &st) != 0 || !S_ISREG(st.st_mode))) {
         ::close(fd_);

@@ -1,6 +1,5 @@
 #include "imaging/IEImageIO.h"
 
-#include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
 
@@ -67,9 +66,10 @@ bool TIEImageIO::LoadFromFile(const QString& fileName, bool checkUnknownFormats)
     if (!bitmap_ || IsUrl(fileName)) return false;
     TIOFileType type = IEFileTypeOfExtension(QFileInfo(fileName).suffix());
     if (checkUnknownFormats) {
-        QFile file(fileName);
-        const TIOFileType found =
-            file.open(QIODevice::ReadOnly) ? IEDetectFileType(file.read(32)) : ioUnknown;
+        TIEFileSource file(fileName);
+        QByteArray head(32, '\0');
+        head.resize(qsizetype(file.ReadAt(0, head.data(), head.size())));
+        const TIOFileType found = IEDetectFileType(head);
         if (found != ioUnknown && CanRead(found)) type = found;
     }
     if (type == ioUnknown || !Decode(fileName, type)) return false;

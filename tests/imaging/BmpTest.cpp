@@ -1,4 +1,7 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <algorithm>
 
 #include <QBuffer>
 #include <QGuiApplication>
@@ -166,17 +169,28 @@ TEST(BmpReader, RunLengthEncodings) {
     EXPECT_EQ(Pixel(b, 5, 0), 0x0000FFu);
 }
 
-TEST(BmpReader, TruncatedFilesGiveTheRowsThatArrived) {
+// A file cut short keeps the picture's size: the rows that arrived stand
+// where they belong (at the bottom of a bottom-up picture, at the top of a
+// top-down one), and the rest is black.
+TEST(BmpReader, TruncatedFilesKeepTheirRowsInPlace) {
     TBmpSpec s{.Width = 2, .Height = 4, .BitCount = 24};
     for (int row = 0; row < 4; ++row)
         s.Pixels += QByteArray(6, char(row + 1)) + QByteArray(2, '\0');
-    QByteArray file = MakeBmp(s);
-    file.chop(8 + 3);  // the last row entirely and part of the one before
-    TIEBitmap b;
-    ASSERT_TRUE(Read(file, b));
-    ASSERT_EQ(b.Height(), 2);  // the bottom two rows of the picture
-    EXPECT_EQ(b.Scanline(1)[0], 1);
-    EXPECT_EQ(b.Scanline(0)[0], 2);
+    for (const int height : {4, -4}) {
+        SCOPED_TRACE(height);
+        TBmpSpec cut = s;
+        cut.Height = height;
+        QByteArray file = MakeBmp(cut);
+        file.chop(8 + 3);  // the last row entirely and part of the one before
+        TIEBitmap b;
+        ASSERT_TRUE(Read(file, b));
+        ASSERT_EQ(b.Height(), 4);
+        const int first = height > 0 ? 3 : 0, step = height > 0 ? -1 : 1;
+        EXPECT_EQ(b.Scanline(first)[0], 1);
+        EXPECT_EQ(b.Scanline(first + step)[0], 2);
+        EXPECT_EQ(Pixel(b, 1, first + 2 * step), 0u);
+        EXPECT_EQ(Pixel(b, 1, first + 3 * step), 0u);
+    }
 
     // Cut inside the headers: nothing, and the bitmap is as it was.
     TIEBitmap kept(3, 3, ie24RGB);
@@ -201,10 +215,55 @@ TEST(BmpReader, HostileHeadersAreRefusedBeforeAllocation) {
                          .BitCount = 8,
                          .Compression = 1,
                          .Pixels = QByteArray("\x00\x01", 2)}));
-    // Uncompressed with a huge claim but a short file: only what is there.
+    // Uncompressed, a huge claim from a few rows: a file cut short keeps its
+    // size, so such a claim would cost what the data never holds.
+    EXPECT_TRUE(refused({.Width = 4, .Height = 60000, .Pixels = QByteArray(32, '\x7F')}));
+}
+
+// A file of any size, of which only the head is real and the rest repeats
+// `padding`; it remembers the furthest byte asked for.
+class TPaddedSource : public TIEByteSource {
+public:
+    TPaddedSource(QByteArray head, QByteArray padding, int64_t size)
+        : head_(std::move(head)), padding_(std::move(padding)), size_(size) {}
+    int64_t Size() const override { return size_; }
+    int64_t ReadAt(int64_t offset, void* dest, int64_t length) override {
+        if (offset < 0 || length <= 0 || offset >= size_) return 0;
+        length = std::min(length, size_ - offset);
+        auto* out = static_cast<char*>(dest);
+        for (int64_t i = 0; i < length; ++i) {
+            const int64_t at = offset + i;
+            const qsizetype tail = qsizetype((at - head_.size()) % padding_.size());
+            out[i] = at < head_.size() ? head_[qsizetype(at)] : padding_[tail];
+        }
+        furthest = std::max(furthest, offset + length);
+        return length;
+    }
+    int64_t furthest = 0;
+
+private:
+    QByteArray head_, padding_;
+    int64_t size_;
+};
+
+// A 400 by 300 RLE picture padded to 3 GiB with moves of no distance: only
+// what the picture can use is read.
+TEST(BmpReader, RunLengthDataIsReadNoFurtherThanThePictureCanUse) {
+    QByteArray palette = Palette({0x000000, 0xFF0000});
+    palette.append(QByteArray(254 * 4, '\0'));
+    const QByteArray head = MakeBmp({.Width = 400,
+                                     .Height = 300,
+                                     .BitCount = 8,
+                                     .Compression = 1,
+                                     .Extra = palette,
+                                     .Pixels = QByteArray("\x05\x01", 2)});
+    TPaddedSource source(head, QByteArray("\x00\x02\x00\x00", 4), int64_t(3) << 30);
     TIEBitmap b;
-    ASSERT_TRUE(Read(MakeBmp({.Width = 4, .Height = 60000, .Pixels = QByteArray(32, '\x7F')}), b));
-    EXPECT_EQ(b.Height(), 2);
+    ASSERT_TRUE(IEReadBmp(source, b));
+    EXPECT_EQ(b.Width(), 400);
+    EXPECT_EQ(Pixel(b, 4, 299), 0xFF0000u);
+    EXPECT_EQ(Pixel(b, 5, 299), 0u);
+    EXPECT_LE(source.furthest, head.size() + 4 * 400 * 300 + 2 * 300 + 2);
 }
 
 TEST(BmpWriter, RoundTripsEveryWrittenLayout) {
@@ -287,9 +346,12 @@ TEST_F(ImageIOTest, ContentDecidesOverTheExtension) {
     EXPECT_FALSE(io.LoadFromFile(Write("noext2", bmp), false));
     EXPECT_EQ(loads, 3);
 
-    // Unreadable input: bitmap untouched, Aborting set, nothing reported.
+    // Unreadable input: bitmap untouched, Aborting set, nothing reported. A
+    // named pipe nobody writes to is refused at once, not waited on.
+    const QString pipe = dir_.filePath("pipe.bmp");
+    ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
     for (const QString& path : {Write("junk.bmp", "BMjunk"), dir_.filePath("missing.bmp"),
-                                QString("http://example.invalid/a.bmp")}) {
+                                QString("http://example.invalid/a.bmp"), pipe}) {
         EXPECT_FALSE(io.LoadFromFile(path, true));
         EXPECT_TRUE(io.Aborting());
         EXPECT_EQ(b.Width(), 1);
