@@ -30,7 +30,8 @@ bool TIEViewCompositor::Drawn(TIELayerList& layers, int index) const {
     TIELayer& layer = *layers.GetLayer(index);
     if (!layer.Visible || index == EditingLayer) return false;
     const TIEBitmap* picture = layer.Kind() == ielkImage ? layer.Bitmap() : nullptr;
-    return !picture || picture->Width() >= 2 || picture->Height() >= 2;
+    // Only the empty picture is skipped; one of a single pixel is a picture.
+    return !picture || (picture->Width() >= 1 && picture->Height() >= 1);
 }
 
 std::vector<TIEViewCompositor::Shown> TIEViewCompositor::Snapshot(TIELayerList& layers) const {

@@ -106,6 +106,21 @@ TEST(ViewCompositor, AtZoom100ThePictureIsCopiedAsItIs) {
     EXPECT_TRUE(SameBuffers(s.view.BackBuffer(), *s.list.Background().Bitmap()));
 }
 
+TEST(ViewCompositor, APictureOfOnePixelIsDrawnAndOnlyTheEmptyOneIsSkipped) {
+    Scene s(1, 1);
+    s.list.Background().Bitmap()->Fill(TColor(0x5A1EC8));
+    s.view.Mapping.SetZoom(400);
+    s.view.Mapping.SetLayout(1, 1, 4, 4);
+    s.view.Compose(s.list);
+    for (int y = 0; y < 4; ++y)
+        for (int x = 0; x < 4; ++x)
+            ASSERT_EQ(PixelAt(s.view.BackBuffer(), x, y), TColor(0x5A1EC8)) << x << "," << y;
+
+    Scene empty(1, 1);
+    empty.list.Background().Bitmap()->Free();
+    empty.view.Compose(empty.list);  // nothing to draw, and no harm
+}
+
 TEST(ViewCompositor, ZoomedPaintAgreesWithTheTables) {
     Scene s(40, 30);
     s.view.ZoomFilter = rfNone;
