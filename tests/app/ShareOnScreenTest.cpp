@@ -7,8 +7,10 @@
 #include <QDir>
 #include <QFile>
 #include <QImage>
+#include <QRandomGenerator>
 #include <QThread>
 #include <QUrlQuery>
+#include <algorithm>
 #include <cstdlib>
 #include <optional>
 
@@ -28,7 +30,8 @@ using testing::WaitFor;
 
 const QString kLink = "https://i.example.com/t3stPic.png";
 const QRect kPlace(600, 200, 360, 240);
-// The share and search buttons along the bar at 1x, and the menu's rows.
+// The rectangle, share and search buttons along the bar at 1x, and the menu's rows.
+constexpr int kRectangleButtonLeft = 246;
 constexpr int kShareButtonLeft = 572;
 constexpr int kSearchButtonLeft = 602;
 constexpr int kMenuRowHeight = 30;
@@ -71,11 +74,22 @@ protected:
     // Pins the picture, brings the toolbar and starts the share of the kind
     // from the share menu or the search button.
     void ShareBy(int kind) {
-        Pin(picture_, kPlace);
+        QRect bar;
+        ASSERT_NO_FATAL_FAILURE(bar = PinWithBar());
+        ASSERT_NO_FATAL_FAILURE(StartShare(bar, kind));
+    }
+
+    // The toolbar's rectangle once it has come with the first click.
+    QRect PinWithBar() {
+        Pin(picture_, QRect(kPlace.topLeft(), picture_.size()));
         const QRect window = PinnedWindowRect();
         ClickAt(window.topLeft() + QPoint(window.width() / 2, 10));
         QRect bar;
-        ASSERT_TRUE(WaitFor([&] { return !(bar = ToolbarRect()).isEmpty(); }));
+        EXPECT_TRUE(WaitFor([&] { return !(bar = ToolbarRect()).isEmpty(); }));
+        return bar;
+    }
+
+    void StartShare(const QRect& bar, int kind) {
         if (kind == skImageSearch) {
             ClickAt(bar.topLeft() + QPoint(kSearchButtonLeft + 9, 20));
             return;
@@ -96,6 +110,11 @@ protected:
             std::free(g);
             return there;
         });
+    }
+
+    QRect UploadWindowRect() {
+        return MappedWindow(
+            [&](xcb_window_t w) { return Property(w, "WM_WINDOW_ROLE") == "FmUpload"; });
     }
 
     // The process has ended by itself, with code 0.
@@ -132,6 +151,31 @@ protected:
     QString browserLog_;
     QImage picture_;
 };
+
+// A rectangle drawn with the toolbar goes up burnt into the picture: an
+// outline of the session's red, four pixels wide, and the picture elsewhere.
+TEST_F(ShareOnScreen, TheMarksGoUpBurntIn) {
+    QRect bar;
+    ASSERT_NO_FATAL_FAILURE(bar = PinWithBar());
+    ClickAt(bar.topLeft() + QPoint(kRectangleButtonLeft + 9, 20));
+    const QPoint origin = kPlace.topLeft();
+    Xdotool({"mousemove", "620", "220", "mousedown", "1", "mousemove", "623", "223", "mousemove",
+             "660", "250", "mousemove", "700", "280", "sleep", "0.2", "mouseup", "1"});
+    ASSERT_TRUE(WaitFor([&] { return Screen(QRect(660, 221, 1, 1)).pixel(0, 0) == 0xFFFF0000; }));
+    ASSERT_NO_FATAL_FAILURE(StartShare(bar, skImageHost));
+    ASSERT_TRUE(Ended()) << errors_.toStdString();
+    ASSERT_EQ(server_.requests().size(), 1u);
+    const QImage posted = QImage::fromData(server_.requests().front().body, "PNG")
+                              .convertToFormat(QImage::Format_RGB32);
+    ASSERT_EQ(posted.size(), picture_.size());
+    int red = 0;
+    for (int y = 14; y < 28; ++y)
+        red += (posted.pixel(660 - origin.x(), y) & 0xFFFFFF) == 0xFF0000;
+    EXPECT_EQ(red, 4);
+    const QImage expected = picture_.convertToFormat(QImage::Format_RGB32);
+    EXPECT_EQ(posted.copy(0, 100, 300, 100), expected.copy(0, 100, 300, 100));
+    EXPECT_EQ(posted.copy(30, 30, 60, 40), expected.copy(30, 30, 60, 40)) << "inside the outline";
+}
 
 class EachKind : public ShareOnScreen, public ::testing::WithParamInterface<int> {};
 
@@ -224,16 +268,50 @@ TEST_F(ShareOnScreen, CancelDuringAStalledUploadEndsAtOnceWithNoPageAndNoNotice)
     ASSERT_NO_FATAL_FAILURE(ShareBy(skTwitter));
     ASSERT_TRUE(server_.waitForRequests(1, 20000));
     QRect window;
-    ASSERT_TRUE(WaitFor([&] {
-        return !(window = MappedWindow([&](xcb_window_t w) {
-                     return Property(w, "WM_WINDOW_ROLE") == "FmUpload";
-                 })).isEmpty();
-    }));
+    ASSERT_TRUE(WaitFor([&] { return !(window = UploadWindowRect()).isEmpty(); }));
     ClickAt(window.topLeft() + QPoint(300, 52));
     // Well inside the upload's own time-out of 20 seconds.
     ASSERT_TRUE(Ended(10000));
     EXPECT_TRUE(BrowserCalls(false).isEmpty());
     EXPECT_TRUE(host_->Notices().empty());
+}
+
+QImage Noise(int width, int height) {
+    QImage image(width, height, QImage::Format_RGB32);
+    QRandomGenerator random(7);
+    for (int y = 0; y < height; ++y)
+        random.fillRange(reinterpret_cast<quint32*>(image.scanLine(y)), width);
+    return image;
+}
+
+// The columns of the bar's middle row that show its blue fill.
+int FilledColumns(const QImage& bar) {
+    int filled = 0;
+    for (int x = 0; x < bar.width(); ++x)
+        filled += qBlue(bar.pixel(x, bar.height() / 2)) > 150;
+    return filled;
+}
+
+// A picture of noise makes a PNG of some megabytes, which goes up in paced
+// steps: the bar is seen at several places on its way, and never goes back.
+TEST_F(ShareOnScreen, TheBarMovesForwardWhileALargePictureGoesUp) {
+    picture_ = Noise(1000, 700);
+    ASSERT_NO_FATAL_FAILURE(ShareBy(skImageSearch));
+    QRect window;
+    ASSERT_TRUE(WaitFor([&] { return !(window = UploadWindowRect()).isEmpty(); }, 10000));
+    const QRect barPlace(window.topLeft() + QPoint(20, 47), QSize(261, 10));
+    QList<int> seen;
+    for (;;) {
+        const int filled = FilledColumns(Screen(barPlace));
+        // A grab after the window went shows whatever was under it.
+        if (UploadWindowRect().isEmpty()) break;
+        if (seen.isEmpty() || seen.back() != filled) seen << filled;
+        QThread::msleep(40);
+    }
+    ASSERT_TRUE(Ended()) << errors_.toStdString();
+    EXPECT_GE(seen.size(), 3) << "the bar stood still";
+    EXPECT_TRUE(std::is_sorted(seen.begin(), seen.end()));
+    EXPECT_EQ(BrowserCalls(true), QStringList{BuildShareAddress(skImageSearch, kLink)});
 }
 
 }  // namespace
