@@ -209,7 +209,7 @@ TEST_F(AnnotateOnScreen, ACloseRequestEndsTheProcessWithCodeZero) {
     const auto atom = [&](const char* name) {
         xcb_intern_atom_reply_t* reply = xcb_intern_atom_reply(
             c_, xcb_intern_atom(c_, 0, uint16_t(qstrlen(name)), name), nullptr);
-        const xcb_atom_t value = reply ? reply->atom : XCB_ATOM_NONE;
+        const xcb_atom_t value = reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
         std::free(reply);
         return value;
     };
