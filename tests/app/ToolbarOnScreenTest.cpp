@@ -57,6 +57,17 @@ TEST_F(ToolbarOnScreen, AtTheBottomTheBarGoesAbove) {
     EXPECT_EQ(PinAndClick(QRect(600, 880, 500, 200)).topLeft(), QPoint(1100 - 811, 838));
 }
 
+// A picture that touches the top has its bar below it. One that runs from
+// the top to the bottom is pinned cut at 80% of the screen's height with
+// its scroll bar beside it, which leaves room for the bar under the window.
+TEST_F(ToolbarOnScreen, TouchingTheTopAndTouchingBothTheBarGoesUnderTheWindow) {
+    EXPECT_EQ(PinAndClick(QRect(600, 0, 500, 300)).topLeft(), QPoint(1100 - 811, 302));
+    program_.kill();
+    program_.waitForFinished();
+    EXPECT_EQ(PinAndClick(QRect(300, 0, 800, 1080)).topLeft(), QPoint(1109 - 811, 864 + 2));
+    EXPECT_EQ(PinnedWindowRect(), QRect(300, 0, 809, 864));
+}
+
 // A picture of the whole monitor has its bar at once, inside its top edge.
 TEST_F(ToolbarOnScreen, AWholeMonitorPictureHasItsBarAtOnceInsideItsTop) {
     const QImage picture = Pattern(1920, 1080);
