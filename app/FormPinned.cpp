@@ -80,10 +80,6 @@ TFormPinned::TFormPinned(const QStringList& arguments, QWidget* parent)
 
     Image_Front = new TIEImageView;
     Image_Front->SetBackground(clBtnFace);
-    Image_Front->ScrollBars = ssNone;
-    Image_Front->BorderStyle = bsNone;
-    Image_Front->MouseWheelAction = iemwNone;
-    Image_Front->LayersFastDrawing = iefNormal;
     Image_Front->resize(545, 382);
     RdSB_ImageFont->setWidget(Image_Front);
     RdSB_ImageFont->setWidgetResizable(false);
@@ -197,7 +193,6 @@ void TFormPinned::FormShow() {
     Image_Front->Layers().Background().Selectable = false;
     Image_Front->LayersDeselectAll();
     Image_Front->SetCursor(crSizeAll);
-    Image_Front->EnableInteractionHints = false;
     HookLayerEvents();
 }
 

@@ -67,8 +67,6 @@ public:
     void SetColor(quint32 value);
     // Every widget paints through a back buffer already; kept so that form
     // data naming it still loads.
-    bool DoubleBuffered() const { return doubleBuffered_; }
-    void SetDoubleBuffered(bool value) { doubleBuffered_ = value; }
 
     TRdPictureProperty* ImageHThumb() const { return hThumb_; }
     TRdPictureProperty* ImageHRuler() const { return hRuler_; }
@@ -141,7 +139,6 @@ private:
     int edgeSize_ = 0;
     bool readOnly_ = false;
     bool transparent_ = false;
-    bool doubleBuffered_ = false;
     quint32 color_ = clBtnFace;
 
     TRdPictureProperty* hThumb_;

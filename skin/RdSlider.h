@@ -28,7 +28,6 @@ class TRdSlider : public TRdCustomSlider {
     Q_PROPERTY(qpt::TRdCustomSlider::TSliderOptions Options READ Options WRITE SetOptions)
     Q_PROPERTY(int Value READ Value WRITE SetValue)
     Q_PROPERTY(int Indent READ Indent WRITE SetIndent)
-    Q_PROPERTY(bool DoubleBuffered READ DoubleBuffered WRITE SetDoubleBuffered)
 
 public:
     using TRdCustomSlider::TRdCustomSlider;

@@ -87,8 +87,6 @@ void TIEImageView::SetZoomFilter(TResampleFilter filter) {
 void TIEImageView::SetZoom(double percent) {
     if (percent <= 0 || (percent == mapping().ZoomX() && percent == mapping().ZoomY())) return;
     compositor_.Mapping.SetZoom(percent);
-    // Layout depends on the bars and the bars on the layout.
-    Update();
     Update();
     if (EditingLayer() >= 0) LayersCancelEditors(true);
 }

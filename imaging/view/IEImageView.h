@@ -18,11 +18,6 @@ namespace qpt {
 
 class TIETextControl;
 
-enum TIEScrollBars : uint8_t { ssNone, ssHorizontal, ssVertical, ssBoth };
-enum TIEBorderStyle : uint8_t { bsNone, bsSingle };
-enum TIEMouseWheelAction : uint8_t { iemwNone, iemwVScroll, iemwZoom, iemwNavigate, iemwZoomView };
-enum TIELayersFastDrawing : uint8_t { iefFast, iefDelayed, iefNormal };
-
 // The control that shows the picture with its layers. It owns the layer
 // list, the undo store and the picture input, maps the mouse between the
 // screen and the bitmap, and hands the mouse to its tools in bitmap pixels.
@@ -31,17 +26,6 @@ class TIEImageView : public QWidget, public TIEViewServices {
 public:
     explicit TIEImageView(QWidget* parent = nullptr);
     ~TIEImageView() override;
-
-    // Settings kept as the application sets them; the wheel is never acted
-    // on here whatever the action says, so that an enclosing box scrolls.
-    TIEScrollBars ScrollBars = ssBoth;
-    TIEBorderStyle BorderStyle = bsSingle;
-    TIEMouseWheelAction MouseWheelAction = iemwZoom;
-    TIELayersFastDrawing LayersFastDrawing = iefDelayed;
-    bool DelayZoomFilter = false;
-    bool AutoCursors = true;
-    bool EnableAlphaChannel = true;
-    bool EnableInteractionHints = true;
 
     // The face colour of buttons and forms by default.
     TColor Background() const { return background_; }
