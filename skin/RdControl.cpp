@@ -7,6 +7,7 @@ namespace qpt {
 TRdControl::TRdControl(QWidget* parent)
     : QWidget(parent), font_(new TRdFont(this)), allSkin_(new TRdSkinClass(this)) {
     allSkin_->AddChild(font_->AllSkin());
+    allSkin_->SetBatchFont(font_);
     connect(font_, &TRdFont::Changed, this, &TRdControl::FontChanged);
     connect(allSkin_->Draw(), &TRdSkinClassDraw::Changed, this, qOverload<>(&QWidget::update));
     setFont(font_->ToQFont());

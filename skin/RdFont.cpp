@@ -26,7 +26,9 @@ int PixelSizeForCell(QFont font, int cell) {
 TRdFont::TRdFont(QObject* parent)
     : QObject(parent),
       color_(clWindowText),
-      allSkin_(new TRdSkinClass(this, QStringLiteral("font"))) {}
+      allSkin_(new TRdSkinClass(this, QStringLiteral("font"))) {
+    allSkin_->SetBatchFont(this);
+}
 
 template <typename T>
 void TRdFont::Change(T& field, const T& value) {

@@ -7,12 +7,12 @@
 
 #include "skin/MenuItem.h"
 #include "skin/RdGraphic.h"
-#include "skin/RdMenuForm.h"
-#include "skin/RdSkinMenu.h"
+#include "skin/RdImageNoteList.h"
+#include "skin/RdPictureProperty.h"
 
 namespace qpt {
 
-TRdMenuCtrl::TRdMenuCtrl(TRdSkinMenu* menu, TMenuItem* level, QWidget* parent)
+TRdMenuCtrl::TRdMenuCtrl(TMenuHost* menu, TMenuItem* level, QWidget* parent)
     : TRdCustomControl(parent), menu_(menu), level_(level) {
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
@@ -20,7 +20,7 @@ TRdMenuCtrl::TRdMenuCtrl(TRdSkinMenu* menu, TMenuItem* level, QWidget* parent)
 }
 
 bool TRdMenuCtrl::HasIconBar() const {
-    if (menu_->Images()) return true;
+    if (menu_->Looks().Images) return true;
     for (int i = 0; i < level_->Count(); ++i) {
         const TMenuItem* item = level_->Items(i);
         if (item->Visible() && !item->IsLine() && (item->Checked() || !item->Bitmap()->Empty()))
@@ -30,17 +30,18 @@ bool TRdMenuCtrl::HasIconBar() const {
 }
 
 TMenuMetrics TRdMenuCtrl::Metrics() const {
-    TMenuMetrics m = menu_->Metrics();
-    if (const TRdImageNoteList* images = menu_->Images())
+    TMenuMetrics m = menu_->Looks().Metrics;
+    if (const TRdImageNoteList* images = menu_->Looks().Images)
         m.IconSize = QSize(images->Width(), images->Height());
-    if (!menu_->PictureArrow()->Empty()) m.ArrowWidth = menu_->PictureArrow()->Graphic()->Width();
+    if (!menu_->Looks().PictureArrow->Empty())
+        m.ArrowWidth = menu_->Looks().PictureArrow->Graphic()->Width();
     m.HasBar = HasIconBar();
     return m;
 }
 
 const TRdFont* TRdMenuCtrl::RowFont(const TMenuItem& item, bool hot) const {
-    if (!item.Enabled()) return menu_->FontDisabled();
-    return hot ? menu_->FontHighLight() : menu_->FontNormal();
+    if (!item.Enabled()) return menu_->Looks().FontDisabled;
+    return hot ? menu_->Looks().FontHighLight : menu_->Looks().FontNormal;
 }
 
 QFont TRdMenuCtrl::CaptionFont(const TRdFont& font, const TMenuItem& item) {
@@ -66,7 +67,7 @@ void TRdMenuCtrl::Measure() {
 
 QRect TRdMenuCtrl::ItemRect(int index) const {
     if (index < 0 || index >= int(layout_.Rows.size()) || layout_.Rows[index].isEmpty()) return {};
-    return menulayout::PaintRect(menu_->Metrics(), layout_.Rows[index]);
+    return menulayout::PaintRect(menu_->Looks().Metrics, layout_.Rows[index]);
 }
 
 int TRdMenuCtrl::ItemAt(const QPoint& pos) const {
@@ -84,12 +85,8 @@ void TRdMenuCtrl::SetHotIndex(int index) {
 }
 
 // A closed level lingers until its deferred deletion; it no longer counts.
-TRdMenuForm* TRdMenuCtrl::SubForm() const {
+QWidget* TRdMenuCtrl::SubForm() const {
     return sub_ && sub_->isVisible() ? sub_.data() : nullptr;
-}
-
-TRdMenuForm* TRdMenuCtrl::Form() const {
-    return qobject_cast<TRdMenuForm*>(window());
 }
 
 // Wraps round at either end, as platform menus do; stays put when nothing
@@ -126,7 +123,6 @@ bool TRdMenuCtrl::Accelerate(QChar letter) {
 }
 
 void TRdMenuCtrl::keyPressEvent(QKeyEvent* event) {
-    TRdMenuForm* form = Form();
     switch (event->key()) {
         case Qt::Key_Up:
             MoveHot(-1);
@@ -144,13 +140,10 @@ void TRdMenuCtrl::keyPressEvent(QKeyEvent* event) {
                 OpenSub(hot_, true);
             break;
         case Qt::Key_Left:
-            if (form && form->ParentForm()) form->close();
+            menu_->CloseSubLevel(window());
             break;
         case Qt::Key_Escape:
-            if (form && form->ParentForm())
-                form->close();
-            else
-                menu_->CloseMenu();
+            if (!menu_->CloseSubLevel(window())) menu_->CloseMenu();
             break;
         default:
             if (event->text().isEmpty() || !Accelerate(event->text().front())) {
@@ -201,14 +194,13 @@ void TRdMenuCtrl::OpenSub(int index, bool fromKeyboard) {
     CloseSub();
     const QRect row = ItemRect(index);
     sub_ = menu_->OpenLevel(level_->Items(index), QRect(mapToGlobal(row.topLeft()), row.size()),
-                            Form());
+                            window(), fromKeyboard);
     subIndex_ = sub_ ? index : -1;
-    if (sub_ && fromKeyboard) sub_->Ctrl()->MoveHot(1);
     update();
 }
 
 void TRdMenuCtrl::CloseSub() {
-    if (sub_) menu_->CloseLevelsAbove(Form());
+    if (sub_) menu_->CloseLevelsAbove(window());
     sub_ = nullptr;
     subIndex_ = -1;
     update();

@@ -3,14 +3,12 @@
 #include <QFont>
 #include <QPointer>
 
-#include "skin/MenuLayout.h"
+#include "skin/MenuHost.h"
 #include "skin/RdCustomControl.h"
 
 namespace qpt {
 
 class TMenuItem;
-class TRdSkinMenu;
-class TRdMenuForm;
 
 // One level of a skinned popup menu: the entries of one item, painted by the
 // menu's skin values, with a hot entry that the mouse and the keys move.
@@ -18,7 +16,7 @@ class TRdMenuCtrl : public TRdCustomControl {
     Q_OBJECT
 
 public:
-    TRdMenuCtrl(TRdSkinMenu* menu, TMenuItem* level, QWidget* parent = nullptr);
+    TRdMenuCtrl(TMenuHost* menu, TMenuItem* level, QWidget* parent = nullptr);
 
     TMenuItem* Level() const { return level_; }
     // The numbers of this level, with the icon size and the bar it has.
@@ -35,11 +33,13 @@ public:
     int HotIndex() const { return hot_; }
     // Only a selectable entry (or -1) can be hot.
     void SetHotIndex(int index);
-    // The level opened from an entry of this one, while it is up.
-    TRdMenuForm* SubForm() const;
+    // The level window opened from an entry of this one, while it is up.
+    QWidget* SubForm() const;
     // The mouse is over `pos` (control coordinates), also while a higher
     // level holds the mouse.
     void HoverAt(const QPoint& pos);
+    // Lights the entry `step` selectable entries on, wrapping round.
+    void MoveHot(int step);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -49,14 +49,12 @@ protected:
     void leaveEvent(QEvent* event) override;
 
 private:
-    void MoveHot(int step);
     bool Accelerate(QChar letter);
     // Chooses the entry, or opens its entries; `fromKeyboard` makes the
     // first entry of the opened level hot.
     void Activate(int index, bool fromKeyboard);
     void OpenSub(int index, bool fromKeyboard);
     void CloseSub();
-    TRdMenuForm* Form() const;
     // The entry's font: disabled, hot or normal.
     const TRdFont* RowFont(const TMenuItem& item, bool hot) const;
     // Bold for the default entry.
@@ -74,12 +72,12 @@ private:
                     const QColor& ink) const;
     quint32 VertLineColor() const;
 
-    TRdSkinMenu* menu_;
+    TMenuHost* menu_;
     TMenuItem* level_;
     TMenuLayout layout_;
     int hot_ = -1;
     int subIndex_ = -1;
-    QPointer<TRdMenuForm> sub_;
+    QPointer<QWidget> sub_;
 };
 
 }  // namespace qpt

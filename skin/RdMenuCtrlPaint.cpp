@@ -6,9 +6,9 @@
 
 #include "skin/MenuItem.h"
 #include "skin/RdGraphic.h"
+#include "skin/RdImageNoteList.h"
 #include "skin/RdMenuCtrl.h"
-#include "skin/RdMenuForm.h"
-#include "skin/RdSkinMenu.h"
+#include "skin/RdPictureProperty.h"
 #include "skin/SkinQColor.h"
 #include "support/color/ColorNames.h"
 
@@ -67,19 +67,19 @@ QColor Gray(const QColor& color) {
 // clBackground stands for the menu's own background, clDefault for the
 // separators' colour, so a skin can tie the edge to either.
 quint32 TRdMenuCtrl::VertLineColor() const {
-    const quint32 color = menu_->ColorVertLine();
-    if (color == clBackground) return menu_->ColorBackground();
-    if (color == clDefault) return menu_->ColorSeparator();
+    const quint32 color = menu_->Looks().ColorVertLine;
+    if (color == clBackground) return menu_->Looks().ColorBackground;
+    if (color == clDefault) return menu_->Looks().ColorSeparator;
     return color;
 }
 
 void TRdMenuCtrl::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const TMenuMetrics m = Metrics();
-    painter.fillRect(rect(), SkinQColor(menu_->ColorBackground()));
+    painter.fillRect(rect(), SkinQColor(menu_->Looks().ColorBackground));
     if (m.HasBar) PaintIconBar(painter, m);
-    if (Drawn(menu_->ColorBorder()) && menu_->ColorBorder() != clBackground) {
-        painter.setPen(SkinQColor(menu_->ColorBorder()));
+    if (Drawn(menu_->Looks().ColorBorder) && menu_->Looks().ColorBorder != clBackground) {
+        painter.setPen(SkinQColor(menu_->Looks().ColorBorder));
         painter.setBrush(Qt::NoBrush);
         painter.drawRect(rect().adjusted(0, 0, -1, -1));
     }
@@ -89,8 +89,8 @@ void TRdMenuCtrl::paintEvent(QPaintEvent*) {
 }
 
 void TRdMenuCtrl::PaintIconBar(QPainter& painter, const TMenuMetrics& m) const {
-    if (Drawn(menu_->ColorIconBar()))
-        painter.fillRect(menulayout::IconBar(m, rect()), SkinQColor(menu_->ColorIconBar()));
+    if (Drawn(menu_->Looks().ColorIconBar))
+        painter.fillRect(menulayout::IconBar(m, rect()), SkinQColor(menu_->Looks().ColorIconBar));
     const quint32 edge = VertLineColor();
     if (!Drawn(edge)) return;
     painter.setPen(SkinQColor(edge));
@@ -100,13 +100,13 @@ void TRdMenuCtrl::PaintIconBar(QPainter& painter, const TMenuMetrics& m) const {
 void TRdMenuCtrl::PaintHot(QPainter& painter) const {
     if (hot_ < 0 || (SubForm() && subIndex_ != hot_)) return;
     const QRect paint = ItemRect(hot_);
-    const QColor light = SkinQColor(menu_->ColorHighLight());
-    if (!menu_->LightBorder()) {
+    const QColor light = SkinQColor(menu_->Looks().ColorHighLight);
+    if (!menu_->Looks().LightBorder) {
         painter.fillRect(paint, light);
         return;
     }
     painter.setPen(light);
-    painter.setBrush(SkinQColor(menu_->ColorBackground()));
+    painter.setBrush(SkinQColor(menu_->Looks().ColorBackground));
     painter.drawRoundedRect(paint.adjusted(0, 0, -1, -1), 2, 2);
     painter.fillRect(paint.adjusted(2, 2, -2, -2), light);
 }
@@ -136,15 +136,16 @@ void TRdMenuCtrl::PaintItem(QPainter& painter, const TMenuMetrics& m, int index)
 
 void TRdMenuCtrl::PaintSeparator(QPainter& painter, const TMenuMetrics& m,
                                  const QRect& paint) const {
-    if (!Drawn(menu_->ColorSeparator())) return;
-    painter.setPen(SkinQColor(menu_->ColorSeparator()));
-    painter.drawLine(menulayout::SeparatorLine(m, paint, rect(), Drawn(menu_->ColorVertLine())));
+    if (!Drawn(menu_->Looks().ColorSeparator)) return;
+    painter.setPen(SkinQColor(menu_->Looks().ColorSeparator));
+    painter.drawLine(
+        menulayout::SeparatorLine(m, paint, rect(), Drawn(menu_->Looks().ColorVertLine)));
 }
 
 void TRdMenuCtrl::PaintIcon(QPainter& painter, const TMenuMetrics& m, const TMenuItem& item,
                             const QRect& paint) const {
     const QRect cell = menulayout::IconCell(m, paint);
-    if (const TRdImageNoteList* images = menu_->Images()) {
+    if (const TRdImageNoteList* images = menu_->Looks().Images) {
         const auto choice = menulayout::IconChoice(item.ImageIndex(), images->Count(),
                                                    level_->Count(), item.Enabled());
         if (images->Draw(painter, choice.Index, cell, choice.Gray)) return;
@@ -156,14 +157,14 @@ void TRdMenuCtrl::PaintCheck(QPainter& painter, const TMenuMetrics& m, const TMe
                              const QRect& paint, const QColor& ink) const {
     const QRect cell = menulayout::IconCell(m, paint);
     const TRdPictureProperty* picture =
-        item.RadioItem() ? menu_->PictureRadio() : menu_->PictureCheck();
+        item.RadioItem() ? menu_->Looks().PictureRadio : menu_->Looks().PictureCheck;
     if (!DrawCentred(painter, picture, cell, !item.Enabled()))
         DrawBuiltInCheck(painter, cell, item.Enabled() ? ink : Gray(ink), item.RadioItem());
 }
 
 void TRdMenuCtrl::PaintArrow(QPainter& painter, const TMenuMetrics& m, const QRect& paint,
                              const QColor& ink) const {
-    const TRdPictureProperty* picture = menu_->PictureArrow();
+    const TRdPictureProperty* picture = menu_->Looks().PictureArrow;
     const QSize size = picture->Empty()
                            ? QSize(16, 16)
                            : QSize(picture->Graphic()->Width(), picture->Graphic()->Height());

@@ -3,22 +3,24 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include "skin/DesignRectProperty.h"
 #include "skin/RdMenuCtrl.h"
-#include "skin/RdSkinMenu.h"
+#include "skin/RdPictureProperty.h"
 #include "skin/SkinDraw.h"
 
 namespace qpt {
 
-TRdMenuForm::TRdMenuForm(TRdSkinMenu* menu, TMenuItem* level, TRdMenuForm* parentForm)
+TRdMenuForm::TRdMenuForm(TMenuHost* menu, TMenuItem* level, TRdMenuForm* parentForm)
     : QWidget(nullptr, Qt::Popup | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint),
       menu_(menu),
       parentForm_(parentForm),
       ctrl_(new TRdMenuCtrl(menu, level, this)) {
     setAttribute(Qt::WA_DeleteOnClose);
     setMouseTracking(true);
-    if (menu->DropShadow() && !menu->PictureShadow()->Empty())
+    const TMenuLooks looks = menu->Looks();
+    if (looks.DropShadow && !looks.PictureShadow->Empty())
         setAttribute(Qt::WA_TranslucentBackground);
-    if (menu->AlphaBlend()) setWindowOpacity(qBound(0, menu->AlphaBlendValue(), 255) / 255.0);
+    if (looks.AlphaBlend) setWindowOpacity(qBound(0, looks.AlphaBlendValue, 255) / 255.0);
     setFocusProxy(ctrl_);
     Measure();
 }
@@ -26,10 +28,10 @@ TRdMenuForm::TRdMenuForm(TRdSkinMenu* menu, TMenuItem* level, TRdMenuForm* paren
 // The shadow picture's slicing gives the room around the menu that the
 // shadow takes; the form border adds to it.
 QMargins TRdMenuForm::Margins() const {
-    const TDesignRect& border = menu_->FormBorder()->Rect();
+    const TDesignRect& border = menu_->Looks().FormBorder->Rect();
     QMargins margins(border.Left(), border.Top(), border.Right(), border.Bottom());
     if (testAttribute(Qt::WA_TranslucentBackground)) {
-        const TDesignRect& shadow = menu_->PictureShadowOpt()->Rect();
+        const TDesignRect& shadow = menu_->Looks().PictureShadowOpt->Rect();
         margins += QMargins(shadow.Left(), shadow.Top(), shadow.Right(), shadow.Bottom());
     }
     return margins;
@@ -48,8 +50,8 @@ void TRdMenuForm::paintEvent(QPaintEvent*) {
     painter.setCompositionMode(QPainter::CompositionMode_Source);
     painter.fillRect(rect(), Qt::transparent);
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-    SkinDraw(painter, rect(), menu_->PictureShadow()->Graphic(),
-             &menu_->PictureShadowOpt()->Rect());
+    SkinDraw(painter, rect(), menu_->Looks().PictureShadow->Graphic(),
+             &menu_->Looks().PictureShadowOpt->Rect());
 }
 
 TRdMenuForm* TRdMenuForm::LevelAt(const QPoint& globalPos) const {

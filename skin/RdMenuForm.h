@@ -5,9 +5,9 @@
 
 namespace qpt {
 
+class TMenuHost;
 class TMenuItem;
 class TRdMenuCtrl;
-class TRdSkinMenu;
 
 // The frameless popup window of one menu level: the level's control inside
 // the form border and, with DropShadow, the shadow picture around it. A press
@@ -16,7 +16,7 @@ class TRdMenuForm : public QWidget {
     Q_OBJECT
 
 public:
-    TRdMenuForm(TRdSkinMenu* menu, TMenuItem* level, TRdMenuForm* parentForm);
+    TRdMenuForm(TMenuHost* menu, TMenuItem* level, TRdMenuForm* parentForm);
 
     TRdMenuCtrl* Ctrl() const { return ctrl_; }
     TRdMenuForm* ParentForm() const { return parentForm_; }
@@ -37,7 +37,7 @@ private:
     // The level on show under a screen point, the highest first.
     TRdMenuForm* LevelAt(const QPoint& globalPos) const;
 
-    TRdSkinMenu* menu_;
+    TMenuHost* menu_;
     QPointer<TRdMenuForm> parentForm_;
     TRdMenuCtrl* ctrl_;
 };

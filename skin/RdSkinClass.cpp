@@ -6,7 +6,6 @@
 #include <atomic>
 #include <vector>
 
-#include "skin/RdControl.h"
 #include "skin/RdFont.h"
 #include "skin/RdLog.h"
 #include "skin/RdPictureProperty.h"
@@ -52,14 +51,12 @@ QStringList SortedUnique(const QStringList& names) {
 // Leaves the widget's setters free to ask for repaints, and repaints once.
 class TUpdateBlocker {
 public:
-    explicit TUpdateBlocker(QObject* owner) : widget_(qobject_cast<QWidget*>(owner)) {
+    TUpdateBlocker(QObject* owner, TRdFont* font)
+        : widget_(qobject_cast<QWidget*>(owner)), font_(font) {
         if (widget_ && widget_->updatesEnabled())
             widget_->setUpdatesEnabled(false);
         else
             widget_ = nullptr;
-        // A control's font lines come one by one: its font tells once.
-        auto* control = qobject_cast<TRdControl*>(owner);
-        font_ = control ? control->Font() : qobject_cast<TRdFont*>(owner);
         if (font_) font_->BeginUpdate();
     }
     ~TUpdateBlocker() {
@@ -140,7 +137,7 @@ void TRdSkinClass::ApplySkin(bool recursive) {
 }
 
 void TRdSkinClass::ApplyLines() {
-    TUpdateBlocker blocker(owner_);
+    TUpdateBlocker blocker(owner_, batchFont_);
     for (const QString& line : std::as_const(skinValues_)) {
         const qsizetype eq = line.indexOf(u'=');
         const QString name = line.left(eq).trimmed();

@@ -9,6 +9,8 @@
 
 namespace qpt {
 
+class TRdFont;
+
 // The skin link of one control (its published AllSkin): names a section of
 // the skin's ini files, and applies that section's lines to the owner's
 // published properties, so that a skin can change a control's pictures, sizes
@@ -49,6 +51,9 @@ public:
     bool ClearOwnerPic() const { return false; }
     // True drops the owner's own pictures.
     void SetClearOwnerPic(bool value);
+    // The font whose changes are told once while a section is applied,
+    // rather than once per line: the owner's own, when it has one.
+    void SetBatchFont(TRdFont* font) { batchFont_ = font; }
     bool ForceUseSkinPic() const { return false; }
     // True applies the skin again at once.
     void SetForceUseSkinPic(bool value);
@@ -76,6 +81,7 @@ private:
     void ApplyLines();
 
     QObject* owner_;
+    TRdFont* batchFont_ = nullptr;
     QString className_;
     QString skinClass_;
     QStringList ignoreValues_;

@@ -135,8 +135,17 @@ void TRdSkinMenu::Popup(const QPoint& screenPos) {
     loop.exec();
 }
 
+TMenuLooks TRdSkinMenu::Looks() const {
+    return {metrics_,         alphaBlend_,   alphaBlendValue_, dropShadow_,     lightBorder_,
+            colorBackground_, colorIconBar_, colorBorder_,     colorHighLight_, colorSeparator_,
+            colorVertLine_,   fontNormal_,   fontHighLight_,   fontDisabled_,   pictureCheck_,
+            pictureRadio_,    pictureArrow_, pictureShadow_,   formBorder_,     pictureShadowOpt_,
+            images_.data()};
+}
+
 // The first row of the new level lines up with the row it opens from.
-TRdMenuForm* TRdSkinMenu::OpenLevel(TMenuItem* item, const QRect& row, TRdMenuForm* parent) {
+QWidget* TRdSkinMenu::OpenLevel(TMenuItem* item, const QRect& row, QWidget* from, bool firstHot) {
+    auto* parent = qobject_cast<TRdMenuForm*>(from);
     if (!item || !HasVisibleItem(item) || !parent) return nullptr;
     TRdMenuForm* form = NewForm(item, parent);
     const int firstRow = form->Ctrl()->y() + 1 + metrics_.ItemBorderWidth;
@@ -145,12 +154,20 @@ TRdMenuForm* TRdSkinMenu::OpenLevel(TMenuItem* item, const QRect& row, TRdMenuFo
     form->move(FitOnScreen(beside, parent->frameGeometry().left() - 1, row.bottom()));
     form->show();
     form->Ctrl()->setFocus();
+    if (firstHot) form->Ctrl()->MoveHot(1);
     return form;
 }
 
-void TRdSkinMenu::CloseLevelsAbove(TRdMenuForm* form) {
+bool TRdSkinMenu::CloseSubLevel(QWidget* level) {
+    auto* form = qobject_cast<TRdMenuForm*>(level);
+    if (!form || !form->ParentForm()) return false;
+    form->close();
+    return true;
+}
+
+void TRdSkinMenu::CloseLevelsAbove(QWidget* level) {
     const QList<TRdMenuForm*> forms = Forms();
-    const qsizetype index = forms.indexOf(form);
+    const qsizetype index = forms.indexOf(qobject_cast<TRdMenuForm*>(level));
     if (index < 0) return;
     for (qsizetype i = forms.size() - 1; i > index; --i)
         forms[i]->close();

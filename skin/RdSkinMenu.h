@@ -7,8 +7,8 @@
 #include <functional>
 
 #include "skin/DesignRectProperty.h"
+#include "skin/MenuHost.h"
 #include "skin/MenuItem.h"
-#include "skin/MenuLayout.h"
 #include "skin/RdFont.h"
 #include "skin/RdImageNoteList.h"
 #include "skin/RdPictureProperty.h"
@@ -21,7 +21,7 @@ class TRdMenuForm;
 // A popup menu drawn by the skin: its items (Items) show in a frameless popup
 // window of their own, each level in a TRdMenuCtrl, and behave like the
 // platform's popup menu. Colours are colour values (clNone leaves a part out).
-class TRdSkinMenu : public QObject {
+class TRdSkinMenu : public QObject, public TMenuHost {
     Q_OBJECT
     Q_PROPERTY(bool TestPopup READ TestPopup WRITE SetTestPopup STORED false)
     Q_PROPERTY(bool AlphaBlend MEMBER alphaBlend_)
@@ -70,11 +70,11 @@ public:
     void Popup(int x, int y) { Popup(QPoint(x, y)); }
     // Closes every level; Dismissed tells whether that happened without an
     // item being chosen.
-    void CloseMenu();
+    void CloseMenu() override;
     bool Dismissed() const { return dismissed_; }
     bool Showing() const { return !forms_.isEmpty(); }
     // The levels on show, the root first.
-    QList<TRdMenuForm*> Forms() const;
+    QList<TRdMenuForm*> Forms() const override;
 
     // A design aid: setting it pops the menu up at the mouse.
     bool TestPopup() const { return false; }
@@ -132,12 +132,12 @@ public:
     // An item of the menu changed while it is known to the menu.
     std::function<void(TRdSkinMenu& sender, TMenuItem* item)> ItemChange;
 
-    // Used by the levels on show: opens `item`'s entries beside the row
-    // `row` (screen rectangle) of `parent`, or closes the levels above it.
-    TRdMenuForm* OpenLevel(TMenuItem* item, const QRect& row, TRdMenuForm* parent);
-    void CloseLevelsAbove(TRdMenuForm* form);
-    // An item without entries was chosen: the menu closes, then it is clicked.
-    void Choose(TMenuItem* item);
+    // What the levels on show ask of the menu.
+    TMenuLooks Looks() const override;
+    QWidget* OpenLevel(TMenuItem* item, const QRect& row, QWidget* from, bool firstHot) override;
+    void CloseLevelsAbove(QWidget* level) override;
+    bool CloseSubLevel(QWidget* level) override;
+    void Choose(TMenuItem* item) override;
 
 signals:
     void Changed();
