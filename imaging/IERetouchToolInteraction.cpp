@@ -32,7 +32,7 @@ void TIERetouchToolInteraction::SetBrushSize(int32_t size) {
 QPoint TIERetouchToolInteraction::SnapToStep(QPoint p) const {
     const double step = double(std::max(10, std::max(BrushWidth, BrushHeight)));
     auto snap = [step](int v, int last) {
-        return last + int(std::lround((v - last) / step) * step);
+        return last + int(double(std::lround((v - last) / step)) * step);
     };
     return QPoint(snap(p.x(), LastX), snap(p.y(), LastY));
 }

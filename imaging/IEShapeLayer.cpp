@@ -137,7 +137,8 @@ void TIEShapeLayer::PaintOutline(TIECanvas& canvas, int width, int height, int p
         points = outline1000_;
     }
     // The pen stays inside the box: an inset of half the pen, rounded up to whole pixels.
-    const double inset = double((pen + 1) / 2);
+    const int wholeInset = (pen + 1) / 2;
+    const double inset = wholeInset;
     const double sx = (width - 2 * inset) / fromW, sy = (height - 2 * inset) / fromH;
     const QPointF centre(width / 2.0, height / 2.0);
     const double a = -Rotate * M_PI / 180, c = std::cos(a), s = std::sin(a);
