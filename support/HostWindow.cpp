@@ -91,10 +91,10 @@ private:
 }  // namespace
 
 QByteArray WindowClassPart(const QByteArray& wmClass) {
-    const int end = wmClass.indexOf('\0');
+    const qsizetype end = wmClass.indexOf('\0');
     if (end < 0) return {};
     QByteArray rest = wmClass.mid(end + 1);
-    const int classEnd = rest.indexOf('\0');
+    const qsizetype classEnd = rest.indexOf('\0');
     return classEnd < 0 ? rest : rest.left(classEnd);
 }
 

@@ -42,7 +42,7 @@ MountEntry FindMount(const QString& path) {
     if (!info.open(QIODevice::ReadOnly)) return best;
     for (const QByteArray& line : info.readAll().split('\n')) {
         const QList<QByteArray> fields = line.split(' ');
-        const int dash = fields.indexOf("-");
+        const qsizetype dash = fields.indexOf("-");
         if (fields.size() < 5 || dash < 0 || dash + 1 >= fields.size()) continue;
         const QString point = Unescape(fields[4]);
         const bool prefixes = point == "/" || path == point || path.startsWith(point + '/');
