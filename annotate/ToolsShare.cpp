@@ -2,6 +2,7 @@
 // picture, writes it to a private temporary file, hides the session's forms
 // and hands the file to the upload window, which reports back when the share
 // page has been opened. Then the process ends.
+#include <QFile>
 #include <QFileInfo>
 
 #include "annotate/FormTools.h"
@@ -58,8 +59,10 @@ void TFormTools::ShareBy(int kind) {
     InitPicSave();
     for (QWidget* form : {FormTools, FormPinned, FormSmallTools, FormSavePath})
         if (form) form->hide();
-    // A picture that could not be written leaves no file, and the upload
-    // window then reports the end at once.
+    // The last share's file goes first: a picture that cannot be written now
+    // must leave no file, so that the upload window ends at once instead of
+    // posting an older picture to a public host.
+    QFile::remove(path);
     if (Image_Front) SaveNewBitmap(*Image_Front, path);
     const TQptMessages& texts = QptMessages();
     StartUpload(path, kind, texts.Text(ShareTitleKey(kind)), this, kMsgShareFinished,
