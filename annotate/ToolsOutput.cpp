@@ -52,6 +52,7 @@ void TFormTools::btn_save_dropClick() {
     }
     // The panel takes the style bar's place.
     CloseStyleBar();
+    panel->SetUp();
     PlaceBesideToolbar(panel);
     panel->show();
     FocusIfPossible(panel->pnl_defSavePath);

@@ -4,6 +4,7 @@
 #include "annotate/FormTools.h"
 #include "app/FormPinned.h"
 #include "app/HandOver.h"
+#include "app/session/FirstPaint.h"
 #include "app/session/SessionMessages.h"
 #include "imaging/IEFileBuffer.h"
 #include "output/FormMsg.h"
@@ -70,6 +71,7 @@ bool CreateForms(const QStringList& arguments) {
     if (!HandOverPictureExists(handOver)) ProcessExit(0);
     // Picture stores and undo steps go to the same private folder.
     IESetTempFolder(GetTempFolder());
+    AwaitFirstPaint();
     CreateSessionForms(arguments, handOver)->show();
     return true;
 }

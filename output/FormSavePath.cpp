@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <cmath>
 
+#include "app/session/FirstPaint.h"
 #include "app/session/SessionForms.h"
 #include "app/session/SessionState.h"
 #include "output/FormStyle.h"
@@ -98,7 +99,6 @@ TFormSavePath::TFormSavePath(QWidget* parent)
     font.setPixelSize(11);
     setFont(font);
     resize(470, 88);
-    CreateComponents();
     RegisterForm(FormSavePath, this);
 }
 
@@ -132,19 +132,33 @@ void TFormSavePath::CreateComponents() {
 }
 
 void TFormSavePath::FormCreate() {
-    ScaleSkinnedForm(this);
-    ApplyLanguage();
-    chbtn_always->SetChecked(ReadMainIni(kSection, QStringLiteral("CaptureSave"), "0") == "1");
+    always_ = ReadMainIni(kSection, QStringLiteral("CaptureSave"), "0") == "1";
     const QString folder = ReadMainIni(kSection, QStringLiteral("CapturePath"), {}).trimmed();
     // The default is shown, not stored: the settings learn it only when the
     // user has browsed.
-    edit_savepath->setText(folder.isEmpty() ? ShellFolderPath(QStringLiteral("My Pictures")) +
-                                                  "/Zelk Screenshot/"
-                                            : WithTrailingDelimiter(folder));
+    folder_ = folder.isEmpty()
+                  ? ShellFolderPath(QStringLiteral("My Pictures")) + "/Zelk Screenshot/"
+                  : WithTrailingDelimiter(folder);
+    SetUpAfterFirstPaint(this, [this] { SetUp(); });
+}
+
+void TFormSavePath::SetUp() {
+    if (pnl_defSavePath) return;
+    CreateComponents();
+    ScaleSkinnedForm(this);
+    ApplyLanguage();
+    chbtn_always->SetChecked(always_);
+    edit_savepath->setText(folder_);
     if (ScaleActive()) chbtn_always->SetTextLeftMargin(int(std::lround(21 * GetScaleFactor())));
 }
 
+void TFormSavePath::setVisible(bool visible) {
+    if (visible) SetUp();
+    QWidget::setVisible(visible);
+}
+
 void TFormSavePath::ApplyLanguage() {
+    if (!pnl_defSavePath) return;  // SetUp takes the texts as they are then
     const TQptMessages& texts = QptMessages();
     btn_pthpnl_close->SetHint(texts.Text(QStringLiteral("M_Close")));
     chbtn_always->SetCaption(texts.Text(QStringLiteral("M_Screen_Always")));
@@ -167,6 +181,7 @@ void TFormSavePath::EndBrowsing() {
 }
 
 void TFormSavePath::btn_browseSavePathClick() {
+    SetUp();
     // While the browser is up, every other click only raises this panel.
     SetFormsOnTop(false);
     FolderDialogOpen = 1;
@@ -202,11 +217,11 @@ bool TFormSavePath::eventFilter(QObject* watched, QEvent* event) {
 }
 
 QString TFormSavePath::SavePathText() const {
-    return edit_savepath->text();
+    return edit_savepath ? edit_savepath->text() : folder_;
 }
 
 bool TFormSavePath::AlwaysSave() const {
-    return chbtn_always->Checked();
+    return chbtn_always ? chbtn_always->Checked() : always_;
 }
 
 }  // namespace qpt

@@ -19,11 +19,17 @@ public:
     explicit TFormSavePath(QWidget* parent = nullptr);
     ~TFormSavePath() override;
 
-    // Scales the panel, sets its texts, and takes the tick and the folder
-    // from the settings (the pictures folder's "Zelk Screenshot" when none
-    // is set).
+    // Takes the tick and the folder from the settings (the pictures
+    // folder's "Zelk Screenshot" when none is set) and sets the panel up,
+    // after the picture's first paint when the session awaits it.
     void FormCreate();
+    // Makes, scales and fills the controls, once: the text field and the
+    // tick's measured caption load the font database, which the picture
+    // need not wait for. Whoever places the panel before showing it calls
+    // this first, so that its size is the scaled one.
+    void SetUp();
     void ApplyLanguage();
+    void setVisible(bool visible) override;
 
     // The tick was clicked: the setting follows it at once.
     void chbtn_alwaysClick();
@@ -57,6 +63,9 @@ private:
     // The panel and the forms it stands with, above other windows or not.
     void SetFormsOnTop(bool onTop);
     void EndBrowsing();
+
+    QString folder_;
+    bool always_ = false;
 };
 
 }  // namespace qpt

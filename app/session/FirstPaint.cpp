@@ -15,6 +15,7 @@ struct TWaitingWork {
 };
 
 bool painted = false;
+bool awaited = false;
 
 std::vector<TWaitingWork>& Waiting() {
     static std::vector<TWaitingWork> waiting;
@@ -28,6 +29,17 @@ void AfterFirstPaint(QObject* context, std::function<void()> work) {
         QTimer::singleShot(0, context, std::move(work));
     else
         Waiting().push_back({context, std::move(work)});
+}
+
+void AwaitFirstPaint() {
+    awaited = true;
+}
+
+void SetUpAfterFirstPaint(QObject* context, std::function<void()> work) {
+    if (awaited && !painted)
+        AfterFirstPaint(context, std::move(work));
+    else
+        work();
 }
 
 void FirstPaintDone() {

@@ -1,10 +1,13 @@
 // The save-path panel: the folder and the tick it shows and stores, the
-// folder browser with its gate and its refusal, and closing.
+// folder browser with its gate and its refusal, closing, and its controls
+// waiting for the picture's first paint in a session.
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QTest>
 
+#include "app/session/FirstPaint.h"
 #include "app/session/SessionForms.h"
 #include "app/session/SessionState.h"
 #include "output/FormSavePath.h"
@@ -134,6 +137,33 @@ TEST_F(SavePathPanel, ClosingPutsTheToolbarBackUnderThePicture) {
     panel.btn_pthpnl_closeClick();
     EXPECT_FALSE(panel.isVisible());
     EXPECT_EQ(tools.pos(), QPoint(60, 302));
+}
+
+// Each test runs in a process of its own, so the first paint is still to come.
+TEST_F(SavePathPanel, WaitsForTheFirstPaintUnlessShownFirstAndAnswersMeanwhile) {
+    WriteMainIni("Screenshot", "CapturePath", "/srv/shots");
+    WriteMainIni("Screenshot", "CaptureSave", "1");
+    AwaitFirstPaint();
+    TFormSavePath& waiting = Panel();
+    EXPECT_EQ(waiting.edit_savepath, nullptr) << "no text field, so no fonts, before the picture";
+    EXPECT_EQ(waiting.SavePathText(), "/srv/shots/");
+    EXPECT_TRUE(waiting.AlwaysSave());
+
+    TFormSavePath shown;
+    shown.FormCreate();
+    shown.show();
+    ASSERT_NE(shown.edit_savepath, nullptr) << "shown before the paint, it is whole";
+    EXPECT_EQ(shown.edit_savepath->text(), "/srv/shots/");
+    EXPECT_TRUE(shown.chbtn_always->Checked());
+    EXPECT_TRUE(shown.btn_browseSavePath->isVisible());
+
+    FirstPaintDone();
+    QCoreApplication::processEvents();
+    ASSERT_NE(waiting.edit_savepath, nullptr);
+    EXPECT_EQ(waiting.edit_savepath->text(), "/srv/shots/");
+    EXPECT_TRUE(waiting.chbtn_always->Checked());
+    waiting.edit_savepath->setText("/srv/other/");
+    EXPECT_EQ(waiting.SavePathText(), "/srv/other/") << "the field is what counts once made";
 }
 
 }  // namespace
