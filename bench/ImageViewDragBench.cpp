@@ -71,6 +71,8 @@ BENCHMARK(BM_DragRectangleOn4K)->Arg(1)->Arg(0)->Unit(benchmark::kMillisecond);
 // A stroke of the pixelation brush at its middle size over a
 // photograph-like picture, as a hand moves it: 100 mouse moves of 8 by 4
 // pixels, then the release. The counter "move" is the time of one move.
+// Argument 2 is 1 for a stroke to the right and down, 0 for one to the left
+// and up, which moves the stroke's corner and so all its cells each time.
 void BM_MosaicStrokeOn4K(benchmark::State& state) {
     App();
     TIEImageView view;
@@ -92,7 +94,7 @@ void BM_MosaicStrokeOn4K(benchmark::State& state) {
         QPoint at(1000, 800);
         Send(view, QEvent::MouseButtonPress, at, Qt::LeftButton);
         for (int i = 0; i < kMoves; ++i) {
-            at += QPoint(8, 4);
+            at += state.range(1) ? QPoint(8, 4) : QPoint(-8, -4);
             Send(view, QEvent::MouseMove, at, Qt::LeftButton);
             if (state.range(0)) QApplication::processEvents();
         }
@@ -101,6 +103,10 @@ void BM_MosaicStrokeOn4K(benchmark::State& state) {
     state.counters["move"] = benchmark::Counter(
         kMoves, benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
 }
-BENCHMARK(BM_MosaicStrokeOn4K)->Arg(1)->Arg(0)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_MosaicStrokeOn4K)
+    ->Args({1, 1})
+    ->Args({0, 1})
+    ->Args({1, 0})
+    ->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -160,9 +160,12 @@ void TIEMouseInteractions::MouseUp(TIEMouseButton button, TIEShiftState shift, i
     move_.End();
 }
 
-void TIEMouseInteractions::Paint(TIEBitmap& backBuffer, const TIEViewMapping& mapping) {
+void TIEMouseInteractions::Paint(TIEBitmap& backBuffer, const TIEViewMapping& mapping,
+                                 const QRegion& area) {
     for (TIEUserInteraction* tool : tools_)
-        if (tool->Enabled()) tool->Paint(backBuffer, mapping);
+        if (tool->Enabled())
+            for (const QRect& r : area)
+                tool->PaintArea(backBuffer, mapping, r);
 }
 
 bool TIEMouseInteractions::KeyDown(int key) {

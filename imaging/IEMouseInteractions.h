@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QRegion>
+
 #include <vector>
 
 #include "imaging/IELayerCreateInteraction.h"
@@ -33,7 +35,8 @@ public:
     void MouseDown(TIEMouseButton button, TIEShiftState shift, int x, int y);
     void MouseMove(TIEShiftState shift, int x, int y);
     void MouseUp(TIEMouseButton button, TIEShiftState shift, int x, int y);
-    void Paint(TIEBitmap& backBuffer, const TIEViewMapping& mapping);
+    // The tools' previews over the parts of area just composed.
+    void Paint(TIEBitmap& backBuffer, const TIEViewMapping& mapping, const QRegion& area);
     // The view lost the mouse or another tool comes: drop what runs.
     void Abandon();
     // Esc ends a retouch stroke; with keyboard shortcuts on, Esc or Delete

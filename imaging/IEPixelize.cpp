@@ -203,16 +203,17 @@ void Pixelize(TIEBitmap& bitmap, const TIEBitmap* mask, int blockSize, int left,
 
 namespace {
 
-// Box blur over before + 1 + after samples along a line of n values, with
-// the ends extended.
-void BlurLine(const uint8_t* in, uint8_t* out, int n, int before, int after) {
+// One box blur along a line of n values, ends extended: the outputs from
+// first to first + count - 1, each the rounded mean of before + 1 + after
+// samples.
+void BlurSpan(const uint8_t* in, int n, int before, int after, int first, int count, uint8_t* out) {
     const int taps = before + after + 1;
     auto at = [&](int i) { return uint32_t(in[std::clamp(i, 0, n - 1)]); };
     uint32_t sum = 0;
-    for (int i = -before; i <= after; ++i)
+    for (int i = first - before; i <= first + after; ++i)
         sum += at(i);
-    for (int i = 0; i < n; ++i) {
-        out[i] = uint8_t((sum + uint32_t(taps) / 2) / uint32_t(taps));
+    for (int i = first; i < first + count; ++i) {
+        out[i - first] = uint8_t((sum + uint32_t(taps) / 2) / uint32_t(taps));
         sum += at(i + after + 1);
         sum -= at(i - before);
     }
@@ -220,29 +221,49 @@ void BlurLine(const uint8_t* in, uint8_t* out, int n, int before, int after) {
 
 }  // namespace
 
+void IEFeatherAlphaArea(const TIEBitmap& alpha, TIEBitmap& out, int radius, int left, int top,
+                        int right, int bottom) {
+    if (alpha.PixelFormat() != ie8g || !alpha.IsAllocated() || out.PixelFormat() != ie8g ||
+        out.Width() != alpha.Width() || out.Height() != alpha.Height())
+        return;
+    const int w = alpha.Width(), h = alpha.Height();
+    left = std::max(left, 0);
+    top = std::max(top, 0);
+    right = std::min(right, w - 1);
+    bottom = std::min(bottom, h - 1);
+    if (left > right || top > bottom) return;
+    // radius + 1 taps make a ramp radius pixels long across an edge.
+    const int before = std::max(radius, 0) / 2, after = std::max(radius, 0) - before;
+    const int width = right - left + 1;
+    // The rows the vertical pass reads, blurred across first.
+    const int first = std::max(0, top - before), last = std::min(h - 1, bottom + after + 1);
+    std::vector<uint8_t> rows(size_t(last - first + 1) * size_t(width));
+    for (int y = first; y <= last; ++y)
+        BlurSpan(alpha.Scanline(y), w, before, after, left, width,
+                 &rows[size_t(y - first) * size_t(width)]);
+    std::vector<uint8_t> column(static_cast<size_t>(h));
+    std::vector<uint8_t> line(static_cast<size_t>(bottom - top + 1));
+    for (int x = 0; x < width; ++x) {
+        for (int y = first; y <= last; ++y)
+            column[size_t(y)] = rows[size_t(y - first) * size_t(width) + size_t(x)];
+        // The running sum reads one row past the last output, and the
+        // clamp at the plane's ends keeps every read inside [first, last].
+        BlurSpan(column.data(), h, before, after, top, bottom - top + 1, line.data());
+        for (int y = top; y <= bottom; ++y)
+            out.Scanline(y)[left + x] = line[size_t(y - top)];
+    }
+    out.SetFull(false);
+}
+
 void IEFeatherAlpha(TIEBitmap& alpha, int radius) {
     if (radius <= 0 || alpha.PixelFormat() != ie8g || !alpha.IsAllocated()) return;
-    const int w = alpha.Width(), h = alpha.Height();
-    // radius + 1 taps make a ramp radius pixels long across an edge.
-    const int before = radius / 2, after = radius - before;
-    std::vector<uint8_t> plane(size_t(w) * size_t(h)), line(size_t(std::max(w, h)));
-    for (int y = 0; y < h; ++y) {
-        BlurLine(alpha.Scanline(y), line.data(), w, before, after);
-        std::memcpy(&plane[size_t(y) * size_t(w)], line.data(), size_t(w));
-    }
-    std::vector<uint8_t> column(static_cast<size_t>(h));
-    for (int x = 0; x < w; ++x) {
-        for (int y = 0; y < h; ++y)
-            column[size_t(y)] = plane[size_t(y) * size_t(w) + size_t(x)];
-        BlurLine(column.data(), line.data(), h, before, after);
-        for (int y = 0; y < h; ++y)
-            plane[size_t(y) * size_t(w) + size_t(x)] = line[size_t(y)];
-    }
+    TIEBitmap source;
+    source.Assign(alpha);
+    IEFeatherAlphaArea(source, alpha, radius, 0, 0, alpha.Width() - 1, alpha.Height() - 1);
     bool full = true;
-    for (int y = 0; y < h; ++y) {
-        const uint8_t* row = &plane[size_t(y) * size_t(w)];
-        std::memcpy(alpha.Scanline(y), row, size_t(w));
-        full = full && std::all_of(row, row + w, [](uint8_t v) { return v == 255; });
+    for (int y = 0; y < alpha.Height() && full; ++y) {
+        const uint8_t* row = alpha.Scanline(y);
+        full = std::all_of(row, row + alpha.Width(), [](uint8_t v) { return v == 255; });
     }
     alpha.SetFull(full);
 }

@@ -17,5 +17,10 @@ void Pixelize(TIEBitmap& bitmap, const TIEBitmap* mask, int blockSize, int left,
 // separable box blur with edges extended, so a footprint that touches the
 // border stays opaque there.
 void IEFeatherAlpha(TIEBitmap& alpha, int radius);
+// The same blur of alpha, written to out (ie8g, the same size) only inside
+// (left, top)-(right, bottom): each value there equals what the whole blur
+// gives, so a part of a plane can be brought up to date alone.
+void IEFeatherAlphaArea(const TIEBitmap& alpha, TIEBitmap& out, int radius, int left, int top,
+                        int right, int bottom);
 
 }  // namespace qpt

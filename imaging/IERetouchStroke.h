@@ -32,8 +32,10 @@ public:
     void StampLine(const TIEBitmap& picture, QPoint from, QPoint to, QSize brush,
                    TIECursorShape shape);
 
-private:
+    // The box of one footprint centred on at, before it is cut to the picture.
     static QRect BrushBox(QPoint at, QSize brush);
+
+private:
     // Makes the buffer cover rect (inside the picture), keeping what it has;
     // false when there is no memory for it.
     bool Cover(const TIEBitmap& picture, const QRect& rect);

@@ -39,8 +39,10 @@ public:
     bool MouseDown(TIEMouseButton button, TIEShiftState shift, int x, int y) override;
     void MouseMove(TIEShiftState shift, int x, int y) override;
     void MouseUp(TIEMouseButton button, TIEShiftState shift, int x, int y) override;
-    // Shows the stroke pixelated over the back buffer; the picture stays.
-    void Paint(TIEBitmap& backBuffer, const TIEViewMapping& mapping) override;
+    // Shows the stroke pixelated over the back buffer, within clip; the
+    // picture stays.
+    void PaintArea(TIEBitmap& backBuffer, const TIEViewMapping& mapping,
+                   const QRect& clip) override;
     bool IsActive() const override { return started_; }
     // Drops the stroke; the undo step taken at its start stays.
     void Cancel() override;
@@ -48,8 +50,15 @@ public:
 private:
     QSize Brush() const { return QSize(BrushWidth, BrushHeight); }
     QPoint SnapToStep(QPoint p) const;
-    // The stroke's pixels as they will land: pixelated, edge feathered.
-    void Render(TIEBitmap& stroke) const;
+    // Keeps the preview, the stroke's pixels as they will land (pixelated,
+    // edge feathered), up to date after the stroke grew from box before by
+    // the footprints in touched, and asks for the repaint of what changed.
+    void UpdatePreview(const QRect& before, const QRect& touched);
+    bool PreviewCurrent() const;
+    void RenderAll();
+    void GrowPreview(QSize size);
+    // Renders area (stroke coordinates) widened to whole cells; returns it.
+    QRect RenderArea(const QRect& area);
     void Merge();
 
     uint8_t mode_ = 0;
@@ -57,6 +66,10 @@ private:
     bool hadStroke_ = false;
     TIERetouchStroke stroke_;
     TIEBitmap preview_;
+    // What the preview was rendered for; a null box when there is none.
+    QRect previewBox_;
+    int previewCell_ = 0;
+    int previewFeather_ = 0;
 };
 
 }  // namespace qpt

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "imaging/IEBitmap.h"
 #include "imaging/IEInteractionTypes.h"
 #include "imaging/IEViewServices.h"
 
@@ -32,9 +33,14 @@ public:
     // Called for every move, with or without a button down.
     virtual void MouseMove(TIEShiftState shift, int x, int y) = 0;
     virtual void MouseUp(TIEMouseButton button, TIEShiftState shift, int x, int y) = 0;
-    // Draws the tool's preview on the view's back buffer.
-    virtual void Paint(TIEBitmap& backBuffer, const TIEViewMapping& mapping) {
-        (void)backBuffer, (void)mapping;
+    // Draws the tool's preview on the view's back buffer, only inside clip
+    // (client coordinates).
+    virtual void PaintArea(TIEBitmap& backBuffer, const TIEViewMapping& mapping,
+                           const QRect& clip) {
+        (void)backBuffer, (void)mapping, (void)clip;
+    }
+    void Paint(TIEBitmap& backBuffer, const TIEViewMapping& mapping) {
+        PaintArea(backBuffer, mapping, QRect(0, 0, backBuffer.Width(), backBuffer.Height()));
     }
     // True while a press, drag or two-click gesture is open.
     virtual bool IsActive() const = 0;

@@ -65,7 +65,8 @@ QRegion TIEViewCompositor::Compose(TIELayerList& layers) {
     }
     std::vector<Shown> now = Snapshot(layers);
     bool full = fullRedraw_ || now.size() != shown_.size();
-    QRegion damage = full ? QRegion(client) : QRegion();
+    QRegion damage = full ? QRegion(client) : stale_;
+    stale_ = QRegion();
     for (size_t i = 0; i < now.size(); ++i) {
         if (!full && now[i].SameAs(shown_[i])) {
             now[i].cover = shown_[i].cover;

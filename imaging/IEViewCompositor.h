@@ -40,6 +40,8 @@ public:
     const QRegion& PendingArea() const { return pending_; }
     // The next Compose redraws everything.
     void Invalidate() { fullRedraw_ = true; }
+    // The next Compose redraws at least area (client coordinates).
+    void InvalidateArea(const QRegion& area) { stale_ += area; }
     TIEBitmap& BackBuffer() { return back_; }
 
     // The layer's place in client coordinates, through the mapping tables.
@@ -77,6 +79,7 @@ private:
 
     TIEBitmap back_;
     QRegion pending_;
+    QRegion stale_;
     std::vector<Shown> shown_;
     bool fullRedraw_ = true;
 };

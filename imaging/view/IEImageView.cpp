@@ -152,19 +152,15 @@ QRegion TIEImageView::Compose() {
     // Inside a scroll box only what the box shows is composed now; the rest
     // when it is scrolled into view and painted.
     compositor_.ShownArea = visibleRegion().boundingRect();
-    if (previewShown_) compositor_.Invalidate();
-    QRegion damage = compositor_.Compose(layers_);
-    mouse_.Paint(BackBuffer(), mapping());
-    const bool preview = mouse_.RetouchTool().IsActive();
-    if (preview || previewShown_) damage = rect();
-    previewShown_ = preview;
+    const QRegion damage = compositor_.Compose(layers_);
+    mouse_.Paint(BackBuffer(), mapping(), damage);
     stale_ = false;
     return damage;
 }
 
 void TIEImageView::paintEvent(QPaintEvent* event) {
     if (stale_) Compose();
-    compositor_.ComposePending(layers_, event->region());
+    mouse_.Paint(BackBuffer(), mapping(), compositor_.ComposePending(layers_, event->region()));
     QPainter painter(this);
     TIEBitmap& back = BackBuffer();
     const QRect backRect(0, 0, back.Width(), back.Height());
@@ -281,9 +277,13 @@ QRect TIEImageView::ClientBitmapRect() const {
     return QRect(BitmapPos(QPoint(0, 0)), BitmapPos(QPoint(width() - 1, height() - 1)));
 }
 
-void TIEImageView::RepaintBitmapRect(const QRect&) {
-    // The preview is drawn over the composed layers; it is composed anew.
-    previewShown_ = true;
+void TIEImageView::RepaintBitmapRect(const QRect& rect) {
+    // The preview is drawn over the composed layers, so what lies under the
+    // changed part is composed anew; a pixel more on each side covers the
+    // rounding of the zoomed place.
+    const QRect r = rect.adjusted(-1, -1, 1, 1);
+    compositor_.InvalidateArea(QRect(QPoint(XBmp2Scr(r.left()), YBmp2Scr(r.top())),
+                                     QPoint(XBmp2Scr(r.right() + 1), YBmp2Scr(r.bottom() + 1))));
     Invalidate();
 }
 

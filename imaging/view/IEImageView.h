@@ -165,9 +165,6 @@ private:
     int shownCursor_ = -1;
     int paintLock_ = 0;
     bool stale_ = true;
-    // A tool preview was drawn into the back buffer; it must be composed
-    // over again before the next paint.
-    bool previewShown_ = false;
 };
 
 }  // namespace qpt

@@ -346,6 +346,28 @@ TEST_F(ImageView, EscDeleteAndLosingTheMouseCancelWhatIsBeingDrawn) {
     EXPECT_EQ(Shown(), before) << "the stroke is dropped, not merged";
 }
 
+// A mosaic stroke repaints only what each move changed, zoomed; the window
+// then shows what a full repaint of the same stroke shows.
+TEST_F(ImageView, AMosaicStrokeRepaintedInPiecesShowsAsRepaintedWhole) {
+    LoadCoordinatePicture(view, 640, 480);
+    view.SetZoom(150);
+    view.SetCursor(crDefault);
+    view.SetMouseInteractGeneral(miRetouchTool);
+    view.Interactions().RetouchTool().SetRetouchMode(TIERetouchToolInteraction::kPixelateMode);
+    const QImage before = Shown();
+    Send(QEvent::MouseButtonPress, QPoint(100, 100), Qt::LeftButton, Qt::LeftButton);
+    for (const QPoint at : {QPoint(161, 131), QPoint(90, 80), QPoint(233, 157), QPoint(240, 60)}) {
+        Send(QEvent::MouseMove, at, Qt::NoButton, Qt::LeftButton);
+        QApplication::processEvents();
+    }
+    const QImage pieces = Shown();
+    EXPECT_NE(pieces, before);
+    view.Layers().Background().Changed();
+    view.Update();
+    EXPECT_EQ(Shown(), pieces);
+    Send(QEvent::MouseButtonRelease, QPoint(240, 60), Qt::LeftButton, Qt::NoButton);
+}
+
 class TextEditor : public ImageView {
 protected:
     int AddText(const QString& text) {

@@ -1,5 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <cstring>
+
+#include "imaging/IEImageCompose.h"
+#include "imaging/IEPixelize.h"
 #include "imaging/IERetouchToolInteraction.h"
 #include "imaging/IEViewMapping.h"
 #include "tests/imaging/InteractionTestView.h"
@@ -182,6 +186,121 @@ TEST_F(RetouchTest, BrushSizeCarriesWidthAndHeightAndShiftSnapsToTheStep) {
     tool_.MouseDown(mbLeft, ssShift, 64, 43);  // snapped to the 10-pixel step from 40, 40
     EXPECT_EQ(QPoint(tool_.LastX, tool_.LastY), QPoint(60, 40));
     tool_.MouseUp(mbLeft, 0, 60, 40);
+}
+
+// Records each repaint the tool asks for, so that a test can redraw only
+// those parts, as the window does.
+class TRepaintLog : public testing::TInteractionTestView {
+public:
+    using TInteractionTestView::TInteractionTestView;
+    void RepaintBitmapRect(const QRect& rect) override { asked.push_back(rect); }
+    std::vector<QRect> asked;
+};
+
+bool SamePixels(const TIEBitmap& a, const TIEBitmap& b) {
+    if (a.Width() != b.Width() || a.Height() != b.Height()) return false;
+    for (int y = 0; y < a.Height(); ++y)
+        if (std::memcmp(a.Scanline(y), b.Scanline(y), size_t(a.Width()) * 3) != 0) return false;
+    return true;
+}
+
+// The stroke rendered in one piece: its whole box pixelated from its corner
+// and its whole alpha plane feathered.
+TIEBitmap WholeRender(const TIERetouchStroke& stroke, int cell, int feather) {
+    TIEBitmap b;
+    b.Assign(stroke.Bitmap());
+    Pixelize(b, nullptr, cell, 0, 0, b.Width() - 1, b.Height() - 1);
+    IEFeatherAlpha(*b.AlphaChannel(), feather);
+    return b;
+}
+
+class RetouchPiecesTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        FillPattern(view_.Picture());
+        original_.Assign(view_.Picture());
+        screen_.Assign(original_);
+        mapping_.SetLayout(200, 120, 200, 120);
+        tool_.SetEnabled(true);
+        tool_.SetRetouchMode(TIERetouchToolInteraction::kPixelateMode);
+        tool_.SetBrushSize(16);
+        tool_.PixelSize = 7;  // no step below is a multiple of it
+        tool_.Feather = 3;
+    }
+    // Puts the picture back where the tool asked and paints its preview
+    // there only.
+    void RedrawAsked() {
+        for (const QRect& asked : view_.asked) {
+            const QRect r = asked & QRect(0, 0, 200, 120);
+            for (int y = r.top(); y <= r.bottom(); ++y)
+                std::memcpy(screen_.Scanline(y) + 3 * r.left(),
+                            original_.Scanline(y) + 3 * r.left(), size_t(r.width()) * 3);
+            tool_.PaintArea(screen_, mapping_, r);
+        }
+        view_.asked.clear();
+    }
+    // The picture with the stroke, as rendered in one piece, composed over it.
+    TIEBitmap WholePreview() {
+        const TIERetouchStroke& stroke = tool_.Stroke();
+        const TIEBitmap whole = WholeRender(stroke, tool_.PixelSize, tool_.Feather);
+        TIEBitmap out;
+        out.Assign(original_);
+        const int w = whole.Width(), h = whole.Height();
+        IEComposeImage(whole, out, stroke.X(), stroke.Y(), IESampleTable(0, w, w, w),
+                       IESampleTable(0, h, h, h), 255, false);
+        return out;
+    }
+
+    TRepaintLog view_{200, 120};
+    TIEBitmap original_, screen_;
+    TIEViewMapping mapping_;
+    TIERetouchToolInteraction tool_{view_};
+};
+
+TEST_F(RetouchPiecesTest, RepaintingOnlyWhatEachMoveAsksShowsTheWholeStrokeRenderedAtOnce) {
+    // Right and down keep the stroke's corner and grow the cells cut at its
+    // far edges; left and up move the corner and with it every cell; the
+    // last moves run past the picture's edges.
+    const QPoint path[] = {{60, 50},  {75, 53}, {90, 61},   {97, 80},   {80, 84},  {50, 40},
+                           {120, 45}, {66, 70}, {125, 100}, {210, 118}, {150, -9}, {151, 20}};
+    tool_.MouseDown(mbLeft, 0, path[0].x(), path[0].y());
+    RedrawAsked();
+    ASSERT_TRUE(SamePixels(screen_, WholePreview()));
+    for (size_t i = 1; i < std::size(path); ++i) {
+        tool_.MouseMove(ssLeft, path[i].x(), path[i].y());
+        RedrawAsked();
+        ASSERT_TRUE(SamePixels(screen_, WholePreview())) << "after move " << i;
+    }
+
+    // The release lands what the preview shows.
+    const TIERetouchStroke& stroke = tool_.Stroke();
+    const TIEBitmap whole = WholeRender(stroke, tool_.PixelSize, tool_.Feather);
+    TIEBitmap expected;
+    expected.Assign(original_);
+    TIEBitmap::MergeAlpha(whole, 0, 0, whole.Width(), whole.Height(), expected, stroke.X(),
+                          stroke.Y(), whole.Width(), whole.Height(), 255);
+    tool_.MouseUp(mbLeft, 0, 151, 20);
+    EXPECT_TRUE(SamePixels(view_.Picture(), expected));
+    EXPECT_FALSE(SamePixels(view_.Picture(), original_));
+}
+
+TEST_F(RetouchPiecesTest, AStrokeLandsTheSameDrawnInOneMoveOrInMany) {
+    // Along these lines every step lands on a stamp of the single move.
+    auto draw = [this](const std::vector<QPoint>& points) {
+        view_.Picture().Assign(original_);
+        tool_.MouseDown(mbLeft, 0, points[0].x(), points[0].y());
+        for (size_t i = 1; i < points.size(); ++i)
+            tool_.MouseMove(ssLeft, points[i].x(), points[i].y());
+        tool_.MouseUp(mbLeft, 0, points.back().x(), points.back().y());
+        TIEBitmap result;
+        result.Assign(view_.Picture());
+        return result;
+    };
+    const TIEBitmap once = draw({{30, 30}, {90, 90}, {20, 90}});
+    const TIEBitmap many = draw(
+        {{30, 30}, {43, 43}, {44, 44}, {70, 70}, {90, 90}, {77, 90}, {76, 90}, {31, 90}, {20, 90}});
+    EXPECT_TRUE(SamePixels(once, many));
+    EXPECT_FALSE(SamePixels(once, original_));
 }
 
 }  // namespace
