@@ -7,6 +7,7 @@
 #include <chrono>
 #include <thread>
 
+#include "output/share/CurlLibrary.h"
 #include "output/share/UploadAnswer.h"
 #include "output/share/UploadTransfer.h"
 #include "support/DebugOutput.h"
@@ -35,6 +36,10 @@ std::shared_ptr<TUploadImage> TUploadImage::Create() {
 }
 
 void TUploadImage::Start() {
+    // The transfer library is loaded and set up here, on the main thread: its
+    // global set-up must not race another thread, nor the process's end when
+    // a user cancels at once.
+    CurlCalls();
     std::thread([self = shared_from_this()] { self->Execute(); }).detach();
 }
 

@@ -14,6 +14,7 @@
 #include "app/session/SessionMessages.h"
 #include "output/FmUpload.h"
 #include "output/share/ShareKind.h"
+#include "output/share/UploadImage.h"
 #include "skin/RdImageButton.h"
 #include "skin/RdProgressBar.h"
 #include "support/Scale.h"
@@ -70,10 +71,19 @@ protected:
     void TearDown() override {
         QDesktopServices::unsetUrlHandler("https");
         delete UploadWindow();
+        // The program ends without running exit handlers; a test process
+        // runs them, and must not tear the TLS library down under a worker
+        // still talking to a stalled server.
+        for (const auto& upload : uploads_) {
+            upload->Cancel();
+            EXPECT_TRUE(upload->WaitForEnd(10000));
+        }
     }
 
     void Start(int kind) {
         StartUpload(path_, kind, "Uploading image...", &receiver_, kFinished, "Close");
+        if (TFmUpload* form = UploadWindow(); form && form->UploadThread)
+            uploads_.push_back(form->UploadThread);
     }
     bool Finished(int ms = 10000) {
         return QTest::qWaitFor([&] { return !receiver_.finishes.empty(); }, ms);
@@ -85,6 +95,7 @@ protected:
     QTemporaryDir dir_;
     QString path_;
     Receiver receiver_;
+    std::vector<std::shared_ptr<TUploadImage>> uploads_;
 };
 
 TEST(UploadWindowPlace, TheLowerRightCornerOfTheWorkArea) {
