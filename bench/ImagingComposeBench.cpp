@@ -8,6 +8,7 @@
 #include <cstring>
 #include <memory>
 
+#include "bench/GuiApplication.h"
 #include "imaging/IEImageLayer.h"
 #include "imaging/IELayerList.h"
 #include "imaging/IEPolylineLayer.h"
@@ -19,15 +20,6 @@ namespace qpt {
 namespace {
 
 constexpr int kW = 3840, kH = 2160, kLayers = 50;
-
-void EnsureApp() {
-    static int argc = 1;
-    static char name[] = "bench";
-    static char* argv[] = {name, nullptr};
-    if (QCoreApplication::instance()) return;
-    setenv("QT_QPA_PLATFORM", "offscreen", 0);
-    new QGuiApplication(argc, argv);
-}
 
 // A screenshot-like picture: smooth gradients with some texture.
 void FillPicture(TIEBitmap& picture) {
@@ -99,7 +91,7 @@ struct Scene {
     TIELayerList list;
     TIEViewCompositor view;
     Scene() {
-        EnsureApp();
+        EnsureGuiApplication();
         FillPicture(*list.Background().Bitmap());
         list.Background().FitToBitmap();
         AddLayers(list);
@@ -231,7 +223,7 @@ BENCHMARK_CAPTURE(ZoomedCompose, zoom37, 37.0)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(QPainterSmooth, zoom37, 37.0)->Unit(benchmark::kMillisecond);
 
 void BM_Flatten50Layers(benchmark::State& state) {
-    EnsureApp();
+    EnsureGuiApplication();
     for (auto _ : state) {
         state.PauseTiming();
         auto list = std::make_unique<TIELayerList>();

@@ -13,6 +13,7 @@
 #include <QSvgRenderer>
 #include <cmath>
 
+#include "bench/GuiApplication.h"
 #include "imaging/encode/IEGifEncoder.h"
 #include "imaging/encode/IEJpegEncoder.h"
 #include "imaging/encode/IEPngEncoder.h"
@@ -113,20 +114,10 @@ struct TPictures {
     QImage Bgr, Argb;
 };
 
-// Fonts and SVG drawing want an application object; no window is shown.
-void EnsureApp() {
-    static int argc = 1;
-    static char name[] = "bench";
-    static char* argv[] = {name, nullptr};
-    if (QCoreApplication::instance()) return;
-    setenv("QT_QPA_PLATFORM", "offscreen", 0);
-    new QGuiApplication(argc, argv);
-}
-
 const TPictures& Picture(int which) {
     static TPictures pictures[2];
     if (pictures[which].Bgr.isNull()) {
-        EnsureApp();
+        qpt::EnsureGuiApplication();
         const QImage rgb = MakePicture(which);
         pictures[which] = {rgb.convertToFormat(QImage::Format_BGR888),
                            rgb.convertToFormat(QImage::Format_ARGB32)};
