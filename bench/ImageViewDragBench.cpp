@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QMouseEvent>
 
+#include "bench/BenchApplication.h"
 #include "imaging/IEImageLayer.h"
 #include "imaging/IERetouchToolInteraction.h"
 #include "imaging/IEShapeLayer.h"
@@ -16,14 +17,8 @@ namespace {
 
 using namespace qpt;
 
-QApplication& App() {
-    static int argc = 1;
-    static char name[] = "bench";
-    static char* argv[] = {name, nullptr};
-    qputenv("QT_QPA_PLATFORM", "minimal");
-    // Never destroyed: at exit Qt's input devices would go after their owner.
-    static QApplication* app = new QApplication(argc, argv);
-    return *app;
+void App() {
+    EnsureBenchApplication<QApplication>({.Name = "minimal", .Screens = {}});
 }
 
 void Send(TIEImageView& view, QEvent::Type type, QPoint at, Qt::MouseButtons buttons) {

@@ -1,6 +1,5 @@
 #include <benchmark/benchmark.h>
 
-#include <QGuiApplication>
 #include <QPainter>
 #include <QPainterPath>
 #include <cmath>
@@ -8,7 +7,7 @@
 #include <cstring>
 #include <memory>
 
-#include "bench/GuiApplication.h"
+#include "bench/BenchApplication.h"
 #include "imaging/IEImageLayer.h"
 #include "imaging/IELayerList.h"
 #include "imaging/IEPolylineLayer.h"
@@ -91,7 +90,7 @@ struct Scene {
     TIELayerList list;
     TIEViewCompositor view;
     Scene() {
-        EnsureGuiApplication();
+        EnsureBenchApplication();
         FillPicture(*list.Background().Bitmap());
         list.Background().FitToBitmap();
         AddLayers(list);
@@ -223,7 +222,7 @@ BENCHMARK_CAPTURE(ZoomedCompose, zoom37, 37.0)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(QPainterSmooth, zoom37, 37.0)->Unit(benchmark::kMillisecond);
 
 void BM_Flatten50Layers(benchmark::State& state) {
-    EnsureGuiApplication();
+    EnsureBenchApplication();
     for (auto _ : state) {
         state.PauseTiming();
         auto list = std::make_unique<TIELayerList>();

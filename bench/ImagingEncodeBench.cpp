@@ -8,12 +8,11 @@
 #include <benchmark/benchmark.h>
 
 #include <QBuffer>
-#include <QGuiApplication>
 #include <QPainter>
 #include <QSvgRenderer>
 #include <cmath>
 
-#include "bench/GuiApplication.h"
+#include "bench/BenchApplication.h"
 #include "imaging/encode/IEGifEncoder.h"
 #include "imaging/encode/IEJpegEncoder.h"
 #include "imaging/encode/IEPngEncoder.h"
@@ -117,7 +116,7 @@ struct TPictures {
 const TPictures& Picture(int which) {
     static TPictures pictures[2];
     if (pictures[which].Bgr.isNull()) {
-        qpt::EnsureGuiApplication();
+        qpt::EnsureBenchApplication();
         const QImage rgb = MakePicture(which);
         pictures[which] = {rgb.convertToFormat(QImage::Format_BGR888),
                            rgb.convertToFormat(QImage::Format_ARGB32)};

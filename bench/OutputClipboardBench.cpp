@@ -18,6 +18,7 @@
 #include <cstdlib>
 
 #include "app/session/SessionForms.h"
+#include "bench/BenchApplication.h"
 #include "imaging/IEBmpWriter.h"
 #include "imaging/IEImageLayer.h"
 #include "imaging/IEShapeLayer.h"
@@ -81,13 +82,7 @@ QString Display() {
 }
 
 void Prepare() {
-    static int argc = 1;
-    static char name[] = "bench";
-    static char* argv[] = {name, nullptr};
-    if (!QCoreApplication::instance()) {
-        ::setenv("QT_QPA_PLATFORM", "offscreen", 0);
-        new QApplication(argc, argv);
-    }
+    qpt::EnsureBenchApplication<QApplication>();
     Display();
     Screenshot();
 }

@@ -8,13 +8,12 @@
 
 #include <QApplication>
 #include <QImage>
-#include <QTemporaryDir>
-#include <cstdlib>
 
 #include "annotate/FormTools.h"
 #include "app/FormPinned.h"
 #include "app/FormSequence.h"
 #include "app/session/SessionState.h"
+#include "bench/BenchApplication.h"
 #include "imaging/IEImageLayer.h"
 #include "imaging/IELayerList.h"
 #include "imaging/IEViewCompositor.h"
@@ -43,30 +42,14 @@ QImage Picture() {
     return image;
 }
 
-// The application on one 4K screen, made once for the whole bench.
-void MakeApplication(const QString& folder) {
-    const QString config = folder + "/screens.json";
-    QFile file(config);
-    file.open(QIODevice::WriteOnly);
-    file.write(R"({"screens": [{"name": "4K", "x": 0, "y": 0, "width": 3840, "height": 2160,
-                   "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})");
-    file.close();
-    qputenv("QT_QPA_PLATFORM", ("offscreen:configfile=" + config).toLocal8Bit());
-    static int argc = 1;
-    static char name[] = "bench";
-    static char* argv[] = {name, nullptr};
-    static QApplication* app = new QApplication(argc, argv);
-    (void)app;
-}
-
 struct TSession {
-    QTemporaryDir folder;
     testing::ScratchHome home;
     TFormPinned* pinned = nullptr;
     TFormTools* tools = nullptr;
 
     TSession() {
-        MakeApplication(folder.path());
+        // The window is placed and cut against one 4K screen.
+        EnsureBenchApplication<QApplication>(OffscreenScreen(kW, kH));
         Picture().save(GetTempFolder() + "QPTPinTemp.bmp", "BMP");
         WriteMainIni("StartPin", "Left", "0");
         WriteMainIni("StartPin", "Top", "0");

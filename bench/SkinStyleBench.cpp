@@ -7,6 +7,7 @@
 #include <memory>
 #include <vector>
 
+#include "bench/BenchApplication.h"
 #include "skin/RdPanel.h"
 #include "skin/RdSkinStyle.h"
 #include "skin/Resource.h"
@@ -22,17 +23,8 @@ const QByteArray kMainIni =
     "[panel]\nclass=TRdPanel\nparent=base\nColorToVert=True\nHitTest=False\n"
     "Font.Color=text_color.cl_text_b\nHint='Skinned'\nTop_Invert=4\nLeft_Invert=4\n";
 
-QApplication& App() {
-    static int argc = 1;
-    static char name[] = "bench";
-    static char* argv[] = {name, nullptr};
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    static QApplication app(argc, argv);
-    return app;
-}
-
 void BM_RefreshAll200Controls(benchmark::State& state) {
-    App();
+    EnsureBenchApplication<QApplication>();
     TResource::SetResourceHook([](QByteArray& bytes, const QString& name) {
         if (name != QLatin1String(":/public/main.ini")) return false;
         bytes = kMainIni;
