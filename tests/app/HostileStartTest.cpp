@@ -11,7 +11,6 @@
 #include <QFile>
 #include <QImage>
 #include <QProcess>
-#include <QProcessEnvironment>
 #include <QThread>
 #include <algorithm>
 #include <atomic>
@@ -21,50 +20,32 @@
 #include "support/MainIni.h"
 #include "support/Paths.h"
 #include "tests/common/DisplayTest.h"
+#include "tests/common/ProgramRun.h"
 #include "tests/common/ScratchHome.h"
 
 namespace qpt {
 namespace {
 
+using testing::ChangedEnvironment;
+using testing::EnvironmentChanges;
+using testing::ProgramRun;
 using testing::ReadFile;
 using testing::ScratchHome;
 using testing::WriteFile;
 
-struct Outcome {
-    int exitCode = -1;
-    bool crashed = false;
-    QString errors;
-};
-
-// Starts QptPin with the test's environment plus `changes` (an empty value
-// removes the variable) and waits for its end.
-Outcome RunQptPin(const QStringList& arguments, const QList<QPair<QString, QString>>& changes,
-                  const QString& folder = {}) {
-    QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    for (const auto& [name, value] : changes) {
-        if (value.isEmpty())
-            environment.remove(name);
-        else
-            environment.insert(name, value);
-    }
-    process.setProcessEnvironment(environment);
-    if (!folder.isEmpty()) process.setWorkingDirectory(folder);
-    process.start(QPT_PROGRAM_DIR "/QptPin", arguments);
-    EXPECT_TRUE(process.waitForFinished(20000)) << "still running";
-    return {process.exitCode(), process.exitStatus() == QProcess::CrashExit,
-            QString::fromLocal8Bit(process.readAllStandardError())};
+ProgramRun RunQptPin(const QStringList& arguments, const EnvironmentChanges& changes,
+                     const QString& folder = {}) {
+    return testing::RunProgram(QPT_PROGRAM_DIR "/QptPin", arguments, changes, folder);
 }
 
-const QList<QPair<QString, QString>> kOffscreen = {{"DISPLAY", ""},
-                                                   {"QT_QPA_PLATFORM", "offscreen"}};
+const EnvironmentChanges kOffscreen = {{"DISPLAY", ""}, {"QT_QPA_PLATFORM", "offscreen"}};
 
 TEST(HostileStart, WithoutADisplayOneLineSaysWhatIsMissing) {
     ScratchHome env;
     WriteFile(GetTempFolder() + "QPTPinTemp.bmp", "BM");
     for (const QString& display : {QString(), QStringLiteral(":987")}) {
         SCOPED_TRACE(display.toStdString());
-        const Outcome run =
+        const ProgramRun run =
             RunQptPin({"/QPTMain"}, {{"DISPLAY", display}, {"QT_QPA_PLATFORM", ""}});
         EXPECT_FALSE(run.crashed);
         EXPECT_EQ(run.exitCode, 2);
@@ -80,7 +61,7 @@ TEST(HostileStart, ARefusedPrivateFolderIsExplainedOnceAndInTheLog) {
     const QString folder = env.runtimeDir() + "qpt";
     ASSERT_TRUE(QDir().mkpath(folder));
     ::chmod(QFile::encodeName(folder).constData(), 0755);
-    const Outcome run = RunQptPin({"/QPTMain"}, kOffscreen);
+    const ProgramRun run = RunQptPin({"/QPTMain"}, kOffscreen);
     EXPECT_EQ(run.exitCode, 0);
     const QString line = "QptPin: the private temporary folder " + folder +
                          " is refused: its mode is 0755, not 0700\n";
@@ -95,13 +76,13 @@ TEST(HostileStart, RelativeFoldersInTheEnvironmentAreIgnored) {
     ScratchHome env;
     const QString current = env.root() + "current/";
     QDir().mkpath(current);
-    const Outcome run = RunQptPin({},
-                                  {{"DISPLAY", ""},
-                                   {"QT_QPA_PLATFORM", "offscreen"},
-                                   {"XDG_RUNTIME_DIR", "run"},
-                                   {"XDG_CONFIG_HOME", "config"},
-                                   {"XDG_DATA_HOME", "data"}},
-                                  current);
+    const ProgramRun run = RunQptPin({},
+                                     {{"DISPLAY", ""},
+                                      {"QT_QPA_PLATFORM", "offscreen"},
+                                      {"XDG_RUNTIME_DIR", "run"},
+                                      {"XDG_CONFIG_HOME", "config"},
+                                      {"XDG_DATA_HOME", "data"}},
+                                     current);
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_TRUE(QDir(current).isEmpty()) << QDir(current).entryList().join(' ').toStdString();
     EXPECT_TRUE(QFile::exists(env.configHome() + "Zelk Screenshot/Main.ini"));
@@ -124,10 +105,8 @@ protected:
         const char* keys[] = {"Left", "Top", "Right", "Bottom"};
         for (int i = 0; i < 4; ++i)
             WriteMainIni("StartPin", keys[i], startPin[i]);
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert("QT_QPA_PLATFORM", "xcb");
-        environment.insert("QPT_DEBUG", "1");
-        program_.setProcessEnvironment(environment);
+        program_.setProcessEnvironment(
+            ChangedEnvironment({{"QT_QPA_PLATFORM", "xcb"}, {"QPT_DEBUG", "1"}}));
         program_.start(QPT_PROGRAM_DIR "/QptPin", {"/QPTMain"});
         QByteArray errors;
         QElapsedTimer clock;
@@ -228,10 +207,7 @@ TEST(HostileStart, KillsDuringTheSettingsRewriteLeaveTheOldOrTheNewFileWhole) {
     for (int i = 0; i < kKills; ++i) {
         PutWhole(path, host);
         QProcess process;
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.remove("DISPLAY");
-        environment.insert("QT_QPA_PLATFORM", "offscreen");
-        process.setProcessEnvironment(environment);
+        process.setProcessEnvironment(ChangedEnvironment(kOffscreen));
         process.start(QPT_PROGRAM_DIR "/QptPin", {});
         ASSERT_TRUE(process.waitForStarted());
         ::usleep(useconds_t(delayUs));

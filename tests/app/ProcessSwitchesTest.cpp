@@ -4,39 +4,30 @@
 #include <QDir>
 #include <QFile>
 #include <QProcess>
-#include <QProcessEnvironment>
 #include <QThread>
 
 #include "support/Paths.h"
+#include "tests/common/ProgramRun.h"
 #include "tests/common/ScratchHome.h"
 
 namespace qpt {
 namespace {
 
+using testing::ChangedEnvironment;
+using testing::EnvironmentChanges;
+using testing::ProgramRun;
 using testing::ReadFile;
 using testing::ScratchHome;
 using testing::WriteFile;
 
-struct RunResult {
-    int exitCode = -1;
-    bool crashed = false;
-    QString errors;
-};
+const EnvironmentChanges kOffscreen = {{"DISPLAY", ""}, {"QT_QPA_PLATFORM", "offscreen"}};
 
-RunResult RunProgram(const QString& program, const QStringList& arguments) {
-    QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.remove("DISPLAY");
-    environment.insert("QT_QPA_PLATFORM", "offscreen");
-    process.setProcessEnvironment(environment);
-    process.start(program, arguments);
-    EXPECT_TRUE(process.waitForFinished(20000)) << "still running: " << program.toStdString();
-    return {process.exitCode(), process.exitStatus() == QProcess::CrashExit,
-            QString::fromLocal8Bit(process.readAllStandardError())};
+ProgramRun RunOffscreen(const QString& program, const QStringList& arguments) {
+    return testing::RunProgram(program, arguments, kOffscreen);
 }
 
-RunResult RunQptPin(const QStringList& arguments) {
-    return RunProgram(QPT_PROGRAM_DIR "/QptPin", arguments);
+ProgramRun RunQptPin(const QStringList& arguments) {
+    return RunOffscreen(QPT_PROGRAM_DIR "/QptPin", arguments);
 }
 
 class ProcessSwitches : public ::testing::Test {
@@ -50,7 +41,7 @@ protected:
 
 TEST_F(ProcessSwitches, WithoutQptMainTheProcessEndsNormallyAfterStartUp) {
     for (const QStringList& arguments : {QStringList{}, QStringList{"/Scale"}}) {
-        const RunResult run = RunQptPin(arguments);
+        const ProgramRun run = RunQptPin(arguments);
         EXPECT_FALSE(run.crashed);
         EXPECT_EQ(run.exitCode, 0) << run.errors.toStdString();
     }
@@ -60,7 +51,7 @@ TEST_F(ProcessSwitches, WithoutQptMainTheProcessEndsNormallyAfterStartUp) {
 }
 
 TEST_F(ProcessSwitches, QptMainWithoutPictureEndsWithCodeZero) {
-    const RunResult run = RunQptPin({"/qptmain"});
+    const ProgramRun run = RunQptPin({"/qptmain"});
     EXPECT_FALSE(run.crashed);
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_FALSE(run.errors.contains("pinned window")) << "a window step ran without a picture";
@@ -69,10 +60,7 @@ TEST_F(ProcessSwitches, QptMainWithoutPictureEndsWithCodeZero) {
 TEST_F(ProcessSwitches, QptMainWithPictureStaysUpWithItsWindow) {
     WriteFile(handOverPicture(), "BM");
     QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.remove("DISPLAY");
-    environment.insert("QT_QPA_PLATFORM", "offscreen");
-    process.setProcessEnvironment(environment);
+    process.setProcessEnvironment(ChangedEnvironment(kOffscreen));
     process.start(QPT_PROGRAM_DIR "/QptPin", {"/QPTMain"});
     ASSERT_TRUE(process.waitForStarted());
     // The pinned window runs the message loop until the user ends it.
@@ -86,7 +74,7 @@ TEST_F(ProcessSwitches, TestBugReportComesFirstAndTakesTheCrashPath) {
          {QStringList{"/testbugreport"}, QStringList{"/TestBugReport", "/QPTMain"}}) {
         QFile::remove(bugReport());
         WriteFile(handOverPicture(), "BM");
-        const RunResult run = RunQptPin(arguments);
+        const ProgramRun run = RunQptPin(arguments);
         EXPECT_NE(run.exitCode, 0);
         EXPECT_FALSE(run.errors.contains("pinned window")) << "forms were created";
         const QByteArray report = ReadFile(bugReport());
@@ -96,7 +84,7 @@ TEST_F(ProcessSwitches, TestBugReportComesFirstAndTakesTheCrashPath) {
 }
 
 TEST_F(ProcessSwitches, TestBugReportInSecondPlaceIsIgnored) {
-    const RunResult run = RunQptPin({"/QPTMain", "/testbugreport"});
+    const ProgramRun run = RunQptPin({"/QPTMain", "/testbugreport"});
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_FALSE(QFile::exists(bugReport()));
 }
@@ -113,7 +101,7 @@ TEST_F(ProcessSwitches, CrashStartsTheReportSenderBesideTheProgram) {
     QFile::setPermissions(folder + "SendBugReport", QFile::ReadOwner | QFile::ExeOwner);
     WriteFile(folder + "QptHost.version", "2.5.0.9\n");
 
-    const RunResult run = RunProgram(folder + "QptPin", {"/testbugreport"});
+    const ProgramRun run = RunOffscreen(folder + "QptPin", {"/testbugreport"});
     EXPECT_NE(run.exitCode, 0);
     EXPECT_TRUE(ReadFile(bugReport()).contains("QptPin 2.5.0.9"));
     for (int i = 0; i < 50 && !QFile::exists(calls); ++i)

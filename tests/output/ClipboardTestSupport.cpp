@@ -6,26 +6,11 @@
 
 #include <QDir>
 #include <QFile>
-#include <QProcess>
-
 #include "support/Paths.h"
+#include "tests/common/ProgramRun.h"
 #include "tests/common/ScratchHome.h"
 
 namespace qpt::testing {
-
-QByteArray RunProgram(const QString& program, const QStringList& arguments, int* exitCode,
-                      int timeoutMs) {
-    QProcess process;
-    process.start(program, arguments);
-    if (!process.waitForFinished(timeoutMs) || process.exitStatus() != QProcess::NormalExit) {
-        process.kill();
-        process.waitForFinished();
-        if (exitCode) *exitCode = -1;
-        return {};
-    }
-    if (exitCode) *exitCode = process.exitCode();
-    return process.readAllStandardOutput();
-}
 
 ClipboardManagerDaemon::ClipboardManagerDaemon() {
     pid_ = ::fork();
@@ -65,21 +50,19 @@ void ClipboardTest::SetUp() {
 }
 
 int ClipboardTest::CopyPicture(int width, int height, int seed) {
-    int code = -1;
-    RunProgram(QStringLiteral(QPT_COPY_DRIVER),
-               {"picture", QString::number(width), QString::number(height), QString::number(seed)},
-               &code);
-    return code;
+    return RunProgram(
+               QStringLiteral(QPT_COPY_DRIVER),
+               {"picture", QString::number(width), QString::number(height), QString::number(seed)})
+        .exitCode;
 }
 
 int ClipboardTest::CopyText(const QString& text) {
-    int code = -1;
-    RunProgram(QStringLiteral(QPT_COPY_DRIVER), {"text", text}, &code);
-    return code;
+    return RunProgram(QStringLiteral(QPT_COPY_DRIVER), {"text", text}).exitCode;
 }
 
 QByteArray ClipboardTest::Xclip(const char* target) {
-    return RunProgram("xclip", {"-o", "-selection", "clipboard", "-t", target});
+    const ProgramRun run = RunProgram("xclip", {"-o", "-selection", "clipboard", "-t", target});
+    return run.finished && !run.crashed ? run.output : QByteArray();
 }
 
 QString ClipboardTest::LogText() const {

@@ -45,8 +45,4 @@ private:
 // How many clipboard holders of this build serve the display.
 int HolderProcesses(const QString& display);
 
-// Runs a program to its end; its standard output, or nothing on a failure.
-QByteArray RunProgram(const QString& program, const QStringList& arguments, int* exitCode = nullptr,
-                      int timeoutMs = 20000);
-
 }  // namespace qpt::testing
