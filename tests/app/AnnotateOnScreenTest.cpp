@@ -6,71 +6,13 @@
 #include <QThread>
 #include <cstdlib>
 
-#include "tests/app/PinnedProgram.h"
-#include "tests/common/ScratchHome.h"
+#include "tests/app/AnnotateOnScreen.h"
 
 namespace qpt {
 namespace {
 
 using testing::Pattern;
 using testing::WaitFor;
-
-// Places of the buttons on the toolbar at 1x, from its top left corner.
-constexpr QPoint kRect(255, 20), kOval(285, 20), kLine(315, 20), kArrow(345, 20), kBrush(375, 20),
-    kMosaic(405, 20), kFont(435, 20), kReturn(493, 20), kDel(523, 20);
-// On the style bar at 1x, which opens under the toolbar: the widest pen, and
-// the palette's green cell in the shape arrangement.
-constexpr QPoint kWidestPen(80, 26), kGreen(273, 16);
-constexpr QRgb kGreenRgb = 0x22B14C;
-
-class AnnotateOnScreen : public testing::PinnedProgram {
-protected:
-    // A grey picture at 100,100; the toolbar comes with a first click, at
-    // 0,402 for a picture this size.
-    void PinGrey() {
-        QImage grey(400, 300, QImage::Format_RGB888);
-        grey.fill(QColor(0x80, 0x80, 0x80));
-        PinAndShowBar(grey);
-    }
-    void PinAndShowBar(const QImage& picture, const QString& program = QPT_PROGRAM_DIR "/QptPin") {
-        picture_ = picture;
-        Pin(picture, QRect(100, 100, 400, 300), {"/QPTMain"}, program);
-        ClickAt(QPoint(300, 110));
-        ASSERT_TRUE(WaitFor([&] { return !(bar_ = ToolbarRect()).isEmpty(); }));
-    }
-    void Tool(QPoint button) {
-        ClickAt(bar_.topLeft() + button);
-        QThread::msleep(150);
-    }
-    void Drag(QPoint from, QPoint to) {
-        const QPoint mid = (from + to) / 2;
-        Xdotool({"mousemove", N(from.x()), N(from.y()), "mousedown", "1", "mousemove",
-                 N(from.x() + 3), N(from.y() + 3), "mousemove", N(mid.x()), N(mid.y()), "mousemove",
-                 N(to.x()), N(to.y()), "sleep", "0.2", "mouseup", "1"});
-    }
-    void Key(const char* keys) { Xdotool({"mousemove", "300", "250", "key", keys}); }
-    // Screen pixels in r of the session's red, the colour a new mark gets.
-    int RedIn(const QRect& r) { return ColourIn(r, 0xFF0000); }
-    int ColourIn(const QRect& r, QRgb colour) {
-        const QImage shot = Screen(r);
-        int count = 0;
-        for (int y = 0; y < shot.height(); ++y)
-            for (int x = 0; x < shot.width(); ++x)
-                count += (shot.pixel(x, y) & 0xFFFFFF) == colour;
-        return count;
-    }
-    QPoint StyleBar() const { return bar_.bottomLeft() + QPoint(0, 3); }
-    // The picture is untouched in r (screen coordinates).
-    bool Plain(const QRect& r) { return Shows(picture_, r.translated(-100, -100), r.topLeft()); }
-    bool Ended() {
-        return program_.waitForFinished(8000) && program_.exitStatus() == QProcess::NormalExit &&
-               program_.exitCode() == 0;
-    }
-
-    static QString N(int v) { return QString::number(v); }
-    QImage picture_;
-    QRect bar_;
-};
 
 TEST_F(AnnotateOnScreen, EachToolDrawsItsMarkInTheSessionsRedAndWidth) {
     PinGrey();
@@ -112,25 +54,45 @@ TEST_F(AnnotateOnScreen, TheStyleBarsPenAndColourDressTheNextMark) {
 // stays when the tool is put away.
 TEST_F(AnnotateOnScreen, TheTextToolWritesInTheTextColour) {
     PinGrey();
-    const auto reddish = [&] {
-        const QImage shot = Screen(QRect(130, 130, 250, 100));
-        int count = 0;
-        for (int y = 0; y < shot.height(); ++y)
-            for (int x = 0; x < shot.width(); ++x) {
-                const QRgb p = shot.pixel(x, y);
-                count += qRed(p) > 200 && qGreen(p) < 90 && qBlue(p) < 90;
-            }
-        return count;
-    };
+    const QRect text(130, 130, 250, 100);
     Tool(kFont);
     Drag(QPoint(150, 150), QPoint(300, 200));
     QThread::msleep(300);
-    EXPECT_LT(reddish(), 3) << "nothing written yet";
+    EXPECT_LT(Count(text, Reddish), 3) << "nothing written yet";
     Xdotool({"type", "--delay", "30", "HHHHHH"});
-    EXPECT_TRUE(WaitFor([&] { return reddish() > 12; })) << reddish();
+    EXPECT_TRUE(WaitFor([&] { return Count(text, Reddish) > 12; })) << Count(text, Reddish);
     Tool(kFont);
     QThread::msleep(300);
-    EXPECT_GT(reddish(), 12) << "the text stays";
+    EXPECT_GT(Count(text, Reddish), 12) << "the text stays";
+}
+
+// A closed text tool stays the current one, so the palette still colours
+// text. No click reaches the palette while the bar is closed, so the test
+// maps the closed bar's window itself, as any X client may, and clicks the
+// palette there with the mouse.
+TEST_F(AnnotateOnScreen, APaletteClickAfterTheTextToolClosedStillColoursText) {
+    PinGrey();
+    Tool(kFont);
+    xcb_window_t bar = XCB_WINDOW_NONE;
+    ASSERT_TRUE(WaitFor([&] { return (bar = StyleBarWindow()) != XCB_WINDOW_NONE; }));
+    Tool(kFont);
+    ASSERT_TRUE(WaitFor([&] { return StyleBarWindow() == XCB_WINDOW_NONE; })) << "closed";
+    xcb_map_window(c_, bar);
+    xcb_flush(c_);
+    ASSERT_TRUE(WaitFor([&] { return StyleBarWindow() == bar; }));
+    ClickAt(StyleBar() + kGreenForText);
+
+    Tool(kRect);
+    Drag(QPoint(120, 120), QPoint(200, 180));
+    const QRect shape(110, 110, 100, 80);
+    EXPECT_TRUE(WaitFor([&] { return RedIn(shape) > 60; })) << "the shape colour stays red";
+    EXPECT_EQ(ColourIn(shape, kGreenRgb), 0);
+    Tool(kFont);
+    Drag(QPoint(150, 250), QPoint(300, 300));
+    Xdotool({"type", "--delay", "30", "HHHHHH"});
+    const QRect text(130, 230, 250, 100);
+    EXPECT_TRUE(WaitFor([&] { return Count(text, Greenish) > 12; })) << Count(text, Greenish);
+    EXPECT_LT(Count(text, Reddish), 3);
 }
 
 TEST_F(AnnotateOnScreen, ASecondClickDisarmsTheToolAndTheDragMovesThePictureAgain) {

@@ -119,11 +119,11 @@ QByteArray PinnedProgram::Property(xcb_window_t window, const char* name) {
                       xcb_get_property_value_length(reply.get()));
 }
 
-QRect PinnedProgram::MappedWindow(const std::function<bool(xcb_window_t)>& matches) {
+xcb_window_t PinnedProgram::MappedWindowId(const std::function<bool(xcb_window_t)>& matches) {
     xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(c_)).data->root;
     auto tree = std::unique_ptr<xcb_query_tree_reply_t, decltype(&std::free)>(
         xcb_query_tree_reply(c_, xcb_query_tree(c_, root), nullptr), &std::free);
-    if (!tree) return {};
+    if (!tree) return XCB_WINDOW_NONE;
     const xcb_window_t* children = xcb_query_tree_children(tree.get());
     for (int i = 0; i < xcb_query_tree_children_length(tree.get()); ++i) {
         auto attributes = std::unique_ptr<xcb_get_window_attributes_reply_t, decltype(&std::free)>(
@@ -131,12 +131,20 @@ QRect PinnedProgram::MappedWindow(const std::function<bool(xcb_window_t)>& match
                                             nullptr),
             &std::free);
         if (!attributes || attributes->map_state != XCB_MAP_STATE_VIEWABLE) continue;
-        if (!matches(children[i])) continue;
-        auto g = std::unique_ptr<xcb_get_geometry_reply_t, decltype(&std::free)>(
-            xcb_get_geometry_reply(c_, xcb_get_geometry(c_, children[i]), nullptr), &std::free);
-        if (g) return QRect(g->x, g->y, g->width, g->height);
+        if (matches(children[i])) return children[i];
     }
-    return {};
+    return XCB_WINDOW_NONE;
+}
+
+QRect PinnedProgram::Geometry(xcb_window_t window) {
+    auto g = std::unique_ptr<xcb_get_geometry_reply_t, decltype(&std::free)>(
+        xcb_get_geometry_reply(c_, xcb_get_geometry(c_, window), nullptr), &std::free);
+    return g ? QRect(g->x, g->y, g->width, g->height) : QRect();
+}
+
+QRect PinnedProgram::MappedWindow(const std::function<bool(xcb_window_t)>& matches) {
+    const xcb_window_t window = MappedWindowId(matches);
+    return window == XCB_WINDOW_NONE ? QRect() : Geometry(window);
 }
 
 QRect PinnedProgram::PinnedWindowRect() {

@@ -45,6 +45,9 @@ protected:
 
     // The first mapped top-level window that matches, or an empty rectangle.
     QRect MappedWindow(const std::function<bool(xcb_window_t)>& matches);
+    // The same window itself, or XCB_WINDOW_NONE.
+    xcb_window_t MappedWindowId(const std::function<bool(xcb_window_t)>& matches);
+    QRect Geometry(xcb_window_t window);
     QByteArray Property(xcb_window_t window, const char* name);
 
     QProcess program_;
