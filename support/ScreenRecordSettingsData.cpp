@@ -51,6 +51,7 @@ const KnownKey kKnownKeys[] = {
     {"Share", "UploadUrl", kDefaultUploadUrl, &Settings::UploadUrl},
     {"Share", "ClientId", kDefaultClientId, &Settings::ClientId},
     {"Share", "CaFile", "", &Settings::CaFile},
+    {"Share", "UploadTimeoutMs", "20000", &Settings::UploadTimeoutMs, 1000, 300000},
 };
 
 template <class... F>

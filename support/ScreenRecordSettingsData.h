@@ -11,6 +11,9 @@ namespace qpt {
 // "Share" names another (a test's, or a user's own host).
 inline constexpr char kDefaultUploadUrl[] = "https://api.imgur.com/3/image";
 inline constexpr char kDefaultClientId[] = "0f3e9b1d7a2c486";
+// How long an upload may wait for the connection, and then for the next
+// bytes to move.
+inline constexpr int kDefaultUploadTimeoutMs = 20000;
 
 // The product's settings as read from "Main.ini" once at start-up. It is
 // never written back: this program changes settings through `WriteMainIni`
@@ -40,7 +43,8 @@ public:
     qint32 JpegQuality = 90;  // 1..100
     QString UploadUrl;
     QString ClientId;
-    QString CaFile;  // empty: the system's certificate store
+    QString CaFile;                                    // empty: the system's certificate store
+    qint32 UploadTimeoutMs = kDefaultUploadTimeoutMs;  // 1000..300000
 };
 
 // The process-wide instance, made in module start-up (once; later calls keep

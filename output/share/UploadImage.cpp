@@ -14,25 +14,8 @@
 
 namespace qpt {
 
-namespace {
-
-constexpr int kTimeoutMs = 20000;
-
-}  // namespace
-
-int UploadTimeoutMs() {
-#ifdef QPT_TEST_HOOKS
-    bool ok = false;
-    const int ms = qEnvironmentVariableIntValue("QPT_UPLOAD_TIMEOUT_MS", &ok);
-    if (ok && ms > 0) return ms;
-#endif
-    return kTimeoutMs;
-}
-
 std::shared_ptr<TUploadImage> TUploadImage::Create() {
-    std::shared_ptr<TUploadImage> upload(new TUploadImage);
-    upload->ConnectTimeoutMs = upload->ReadTimeoutMs = UploadTimeoutMs();
-    return upload;
+    return std::shared_ptr<TUploadImage>(new TUploadImage);
 }
 
 void TUploadImage::Start() {
@@ -86,8 +69,7 @@ void TUploadImage::Upload() {
     TTransferOptions options;
     options.url = UploadAddress(Settings).toStdString();
     options.caFile = QFile::encodeName(Settings.caFile).toStdString();
-    options.connectTimeoutMs = ConnectTimeoutMs;
-    options.readTimeoutMs = ReadTimeoutMs;
+    options.connectTimeoutMs = options.readTimeoutMs = Settings.timeoutMs;
     TTransferHooks hooks;
     const std::int64_t size = file.size();
     hooks.onWork = [this, size](std::int64_t work) { WorkStep(work, size); };

@@ -35,8 +35,6 @@ public:
     // for every kind.
     std::uint8_t Kind = 0;
     TUploadSettings Settings;
-    int ConnectTimeoutMs = 20000;
-    int ReadTimeoutMs = 20000;
 
     // After each step of the work, with Progress already set.
     Handler OnProgress;
@@ -72,9 +70,5 @@ private:
     std::condition_variable wake_;
     bool ended_ = false;
 };
-
-// The time-outs in effect: both 20 seconds, unless a test build was told
-// otherwise through QPT_UPLOAD_TIMEOUT_MS.
-int UploadTimeoutMs();
 
 }  // namespace qpt

@@ -18,6 +18,7 @@ TUploadSettings UploadSettingsOf(const TScreenRecordSettingsData& data) {
     settings.uploadUrl = OrDefault(data.UploadUrl, settings.uploadUrl);
     settings.clientId = OrDefault(data.ClientId, settings.clientId);
     settings.caFile = data.CaFile.trimmed();
+    settings.timeoutMs = data.UploadTimeoutMs;
     return settings;
 }
 

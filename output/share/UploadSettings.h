@@ -6,13 +6,15 @@
 
 namespace qpt {
 
-// Where the picture is posted, with which client id, trusting which CA.
+// Where the picture is posted, with which client id, trusting which CA, and
+// how long a connection or a stalled transfer is waited for.
 struct TUploadSettings {
     QString uploadUrl = QString::fromLatin1(kDefaultUploadUrl);
     QString clientId = QString::fromLatin1(kDefaultClientId);
     // Empty: the system's certificate store. Otherwise the only CA file
     // trusted.
     QString caFile;
+    int timeoutMs = kDefaultUploadTimeoutMs;
 };
 
 // Section "Share" as the settings object read it; an emptied address or id

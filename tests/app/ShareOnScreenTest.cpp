@@ -231,7 +231,7 @@ TEST_P(AFailedUpload, OpensThePageWithAnEmptyLinkOrNothing) {
     if (name == "closed port")
         PointUploadAt(QString("https://127.0.0.1:%1/3/image").arg(HttpsTestServer::ClosedPort()));
     if (name == "stall") {
-        env_.setEnv("QPT_UPLOAD_TIMEOUT_MS", "1500");
+        WriteMainIni("Share", "UploadTimeoutMs", "1500");
         server_.stall();
     }
     if (name == "another CA") {

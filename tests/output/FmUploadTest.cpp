@@ -58,9 +58,9 @@ class FmUploadTest : public ::testing::Test {
 protected:
     void SetUp() override {
         ASSERT_TRUE(certificates_->ok()) << certificates_->error().toStdString();
-        home_.setEnv("QPT_UPLOAD_TIMEOUT_MS", "1000");
         CreateSettingsData();
         SettingsData()->UploadUrl = server_.url("/3/image");
+        SettingsData()->UploadTimeoutMs = 1000;
         SettingsData()->CaFile = certificates_->caFile();
         path_ = dir_.filePath("QPTShareTemp.png");
         QImage picture(64, 48, QImage::Format_RGB32);

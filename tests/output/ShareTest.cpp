@@ -2,6 +2,8 @@
 // a link in the image host's answer, and where the upload goes.
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "output/share/ShareKind.h"
 #include "output/share/UploadAnswer.h"
 #include "output/share/UploadSettings.h"
@@ -72,6 +74,8 @@ TEST(UploadSettings, ThePublicHostUnlessTheShareSectionSaysOtherwise) {
     EXPECT_EQ(defaults.uploadUrl, "https://api.imgur.com/3/image");
     EXPECT_EQ(defaults.clientId, "0f3e9b1d7a2c486");
     EXPECT_TRUE(defaults.caFile.isEmpty());
+    EXPECT_EQ(defaults.timeoutMs, 20000);
+    EXPECT_EQ(TUploadSettings().timeoutMs, 20000);
     EXPECT_EQ(UploadAddress(defaults), "https://api.imgur.com/3/image?client_id=0f3e9b1d7a2c486");
 
     WriteMainIni("Share", "UploadUrl", "https://127.0.0.1:4443/3/image?v=2");
@@ -85,6 +89,21 @@ TEST(UploadSettings, ThePublicHostUnlessTheShareSectionSaysOtherwise) {
     WriteMainIni("Share", "UploadUrl", " ");
     EXPECT_EQ(UploadSettingsOf(TScreenRecordSettingsData()).uploadUrl,
               "https://api.imgur.com/3/image");
+}
+
+TEST(UploadSettings, TheTimeOutIsTakenWithinItsBoundsAndIsTheDefaultBeyond) {
+    testing::ScratchHome home;
+    for (const auto& [text, ms] : {std::pair{"1000", 1000},
+                                   {"300000", 300000},
+                                   {"45000", 45000},
+                                   {"999", 20000},
+                                   {"300001", 20000},
+                                   {"0", 20000},
+                                   {"-1500", 20000},
+                                   {"soon", 20000}}) {
+        WriteMainIni("Share", "UploadTimeoutMs", text);
+        EXPECT_EQ(UploadSettingsOf(TScreenRecordSettingsData()).timeoutMs, ms) << text;
+    }
 }
 
 }  // namespace

@@ -46,7 +46,7 @@ protected:
         upload->FilePath = path_;
         upload->Settings.uploadUrl = address;
         upload->Settings.caFile = certificates_->caFile();
-        upload->ConnectTimeoutMs = upload->ReadTimeoutMs = timeoutMs;
+        upload->Settings.timeoutMs = timeoutMs;
         upload->OnProgress = [this](TUploadImage& sender) {
             onMainThread_ = onMainThread_ && QThread::currentThread() == qApp->thread();
             progress_.push_back(sender.Progress());
