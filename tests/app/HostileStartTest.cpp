@@ -28,6 +28,7 @@ namespace {
 
 using testing::ChangedEnvironment;
 using testing::EnvironmentChanges;
+using testing::OffscreenWithoutDisplay;
 using testing::ProgramRun;
 using testing::ReadFile;
 using testing::ScratchHome;
@@ -37,8 +38,6 @@ ProgramRun RunQptPin(const QStringList& arguments, const EnvironmentChanges& cha
                      const QString& folder = {}) {
     return testing::RunProgram(QPT_PROGRAM_DIR "/QptPin", arguments, changes, folder);
 }
-
-const EnvironmentChanges kOffscreen = {{"DISPLAY", ""}, {"QT_QPA_PLATFORM", "offscreen"}};
 
 TEST(HostileStart, WithoutADisplayOneLineSaysWhatIsMissing) {
     ScratchHome env;
@@ -61,7 +60,7 @@ TEST(HostileStart, ARefusedPrivateFolderIsExplainedOnceAndInTheLog) {
     const QString folder = env.runtimeDir() + "qpt";
     ASSERT_TRUE(QDir().mkpath(folder));
     ::chmod(QFile::encodeName(folder).constData(), 0755);
-    const ProgramRun run = RunQptPin({"/QPTMain"}, kOffscreen);
+    const ProgramRun run = RunQptPin({"/QPTMain"}, OffscreenWithoutDisplay());
     EXPECT_EQ(run.exitCode, 0);
     const QString line = "QptPin: the private temporary folder " + folder +
                          " is refused: its mode is 0755, not 0700\n";
@@ -186,7 +185,7 @@ TEST(HostileStart, KillsDuringTheSettingsRewriteLeaveTheOldOrTheNewFileWhole) {
     PutWhole(path, host);
     QElapsedTimer clock;
     clock.start();
-    ASSERT_EQ(RunQptPin({}, kOffscreen).exitCode, 0);
+    ASSERT_EQ(RunQptPin({}, OffscreenWithoutDisplay()).exitCode, 0);
     const qint64 startUs = clock.nsecsElapsed() / 1000;
     const QByteArray rewritten = ReadFile(path);
     ASSERT_TRUE(rewritten.startsWith("\xFF\xFE"));
@@ -207,7 +206,7 @@ TEST(HostileStart, KillsDuringTheSettingsRewriteLeaveTheOldOrTheNewFileWhole) {
     for (int i = 0; i < kKills; ++i) {
         PutWhole(path, host);
         QProcess process;
-        process.setProcessEnvironment(ChangedEnvironment(kOffscreen));
+        process.setProcessEnvironment(ChangedEnvironment(OffscreenWithoutDisplay()));
         process.start(QPT_PROGRAM_DIR "/QptPin", {});
         ASSERT_TRUE(process.waitForStarted());
         ::usleep(useconds_t(delayUs));

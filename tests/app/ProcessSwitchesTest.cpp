@@ -14,16 +14,14 @@ namespace qpt {
 namespace {
 
 using testing::ChangedEnvironment;
-using testing::EnvironmentChanges;
+using testing::OffscreenWithoutDisplay;
 using testing::ProgramRun;
 using testing::ReadFile;
 using testing::ScratchHome;
 using testing::WriteFile;
 
-const EnvironmentChanges kOffscreen = {{"DISPLAY", ""}, {"QT_QPA_PLATFORM", "offscreen"}};
-
 ProgramRun RunOffscreen(const QString& program, const QStringList& arguments) {
-    return testing::RunProgram(program, arguments, kOffscreen);
+    return testing::RunProgram(program, arguments, OffscreenWithoutDisplay());
 }
 
 ProgramRun RunQptPin(const QStringList& arguments) {
@@ -60,7 +58,7 @@ TEST_F(ProcessSwitches, QptMainWithoutPictureEndsWithCodeZero) {
 TEST_F(ProcessSwitches, QptMainWithPictureStaysUpWithItsWindow) {
     WriteFile(handOverPicture(), "BM");
     QProcess process;
-    process.setProcessEnvironment(ChangedEnvironment(kOffscreen));
+    process.setProcessEnvironment(ChangedEnvironment(OffscreenWithoutDisplay()));
     process.start(QPT_PROGRAM_DIR "/QptPin", {"/QPTMain"});
     ASSERT_TRUE(process.waitForStarted());
     // The pinned window runs the message loop until the user ends it.

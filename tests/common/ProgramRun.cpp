@@ -17,6 +17,10 @@ QProcessEnvironment ChangedEnvironment(const EnvironmentChanges& changes) {
     return environment;
 }
 
+EnvironmentChanges OffscreenWithoutDisplay() {
+    return {{"DISPLAY", ""}, {"QT_QPA_PLATFORM", "offscreen"}};
+}
+
 ProgramRun RunProgram(const QString& program, const QStringList& arguments,
                       const EnvironmentChanges& changes, const QString& folder) {
     constexpr int kTimeoutMs = 20000;

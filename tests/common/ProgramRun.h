@@ -15,6 +15,9 @@ using EnvironmentChanges = QList<QPair<QString, QString>>;
 
 QProcessEnvironment ChangedEnvironment(const EnvironmentChanges& changes);
 
+// No X display, and the offscreen platform for what needs one.
+EnvironmentChanges OffscreenWithoutDisplay();
+
 // How a program run to its end went. One that crashed, or was killed at the
 // time-out (not finished), has no exit code (-1) and only what it wrote
 // before.
