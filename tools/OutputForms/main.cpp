@@ -6,10 +6,8 @@
 // classic2 is the double-size skin, drawn with the interface scaled as the
 // program scales it on a high-resolution screen.
 #include <QApplication>
-#include <QCommandLineParser>
 #include <QPainter>
 #include <QTemporaryDir>
-#include <cstdio>
 
 #include "output/FormSavePath.h"
 #include "output/TipForm.h"
@@ -69,30 +67,12 @@ int main(int argc, char** argv) {
     qputenv("XDG_CONFIG_HOME", settings.path().toLocal8Bit());
     QApplication app(argc, argv);
 
-    QCommandLineParser parser;
-    parser.addPositionalArgument("skin", "classic or classic2");
-    parser.addOption({"png", "Write the picture to FILE.", "FILE"});
-    parser.addOption({"skin-dir", "Folder of the skin packages.", "DIR", QPT_SKIN_DIR});
-    parser.addHelpOption();
-    parser.process(app);
-    const QStringList skins = parser.positionalArguments();
-    if (skins.size() != 1 || !parser.isSet("png")) {
-        std::fprintf(stderr, "usage: OutputForms <classic|classic2> --png FILE\n");
-        return 2;
-    }
-    QString error;
-    const auto style = qpt::LoadGallerySkin(parser.value("skin-dir"), skins[0], error);
-    if (!style) {
-        std::fprintf(stderr, "OutputForms: %s\n", qPrintable(error));
-        return 1;
-    }
-    const int scale = skins[0] == "classic2" ? 2 : 1;
-    qpt::SetScaleEnabled(scale == 2);
+    int exitCode = 0;
+    const auto command =
+        qpt::ReadGalleryCommand(app, "OutputForms", "Write the picture to FILE.", true, exitCode);
+    if (!command) return exitCode;
+    qpt::SetScaleEnabled(command->Scale() == 2);
     const QImage page =
-        Page({{"Save-path panel", SavePathPanel()}, {"Tip after a copy", Tip()}}, scale);
-    if (!page.save(parser.value("png"), "PNG")) {
-        std::fprintf(stderr, "OutputForms: cannot write %s\n", qPrintable(parser.value("png")));
-        return 1;
-    }
-    return 0;
+        Page({{"Save-path panel", SavePathPanel()}, {"Tip after a copy", Tip()}}, command->Scale());
+    return qpt::WriteGalleryPng(page, *command, "OutputForms");
 }

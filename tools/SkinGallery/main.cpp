@@ -6,7 +6,6 @@
 // display. The packages are read from DIR, by default the program folder's
 // skin folder of this build.
 #include <QApplication>
-#include <QCommandLineParser>
 #include <cstdio>
 
 #include "skin/RdSkinStyle.h"
@@ -50,34 +49,16 @@ int main(int argc, char** argv) {
     qputenv("QT_ENABLE_HIGHDPI_SCALING", "0");
     QApplication app(argc, argv);
 
-    QCommandLineParser parser;
-    parser.addPositionalArgument("skin", "classic or classic2");
-    parser.addOption({"png", "Write the gallery to FILE and end.", "FILE"});
-    parser.addOption({"skin-dir", "Folder of the skin packages.", "DIR", QPT_SKIN_DIR});
-    parser.addHelpOption();
-    parser.process(app);
-    const QStringList skins = parser.positionalArguments();
-    if (skins.size() != 1) {
-        std::fprintf(stderr, "usage: SkinGallery <classic|classic2> [--png FILE]\n");
-        return 2;
-    }
-
-    QString error;
-    const auto style = qpt::LoadGallerySkin(parser.value("skin-dir"), skins[0], error);
-    if (!style) {
-        std::fprintf(stderr, "SkinGallery: %s\n", qPrintable(error));
-        return 1;
-    }
-    qpt::SetGalleryScale(skins[0] == "classic2" ? 2 : 1);
-    qpt::TGalleryPage page("Skinned controls on " + skins[0]);
+    int exitCode = 0;
+    const auto command = qpt::ReadGalleryCommand(
+        app, "SkinGallery", "Write the gallery to FILE and end.", false, exitCode);
+    if (!command) return exitCode;
+    qpt::SetGalleryScale(command->Scale());
+    qpt::TGalleryPage page("Skinned controls on " + command->skin);
     AddSections(page);
-    if (!parser.isSet("png")) {
+    if (command->png.isEmpty()) {
         page.show();
         return app.exec();
     }
-    if (!page.Render().save(parser.value("png"), "PNG")) {
-        std::fprintf(stderr, "SkinGallery: cannot write %s\n", qPrintable(parser.value("png")));
-        return 1;
-    }
-    return 0;
+    return qpt::WriteGalleryPng(page.Render(), *command, "SkinGallery");
 }
