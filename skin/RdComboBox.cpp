@@ -162,6 +162,41 @@ void TRdComboBox::PaintPlainFace(QPainter& painter) const {
     painter.drawPolyline(QList<QPoint>{tip + QPoint(-4, -4), tip, tip + QPoint(4, -4)});
 }
 
+// The stock box lays its own item view out anew for every font, and that
+// measures with the font database. That view never shows (the list opens in
+// our own popup), so a hidden box hands the change on only when it shows or
+// is asked for its size.
+void TRdComboBox::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::FontChange && !isVisible()) {
+        fontChangeWaiting_ = true;
+        QWidget::changeEvent(event);
+        return;
+    }
+    QComboBox::changeEvent(event);
+}
+
+void TRdComboBox::PassOnFontChange() const {
+    if (!fontChangeWaiting_) return;
+    fontChangeWaiting_ = false;
+    QEvent change(QEvent::FontChange);
+    const_cast<TRdComboBox*>(this)->QComboBox::changeEvent(&change);
+}
+
+void TRdComboBox::showEvent(QShowEvent* event) {
+    PassOnFontChange();
+    QComboBox::showEvent(event);
+}
+
+QSize TRdComboBox::sizeHint() const {
+    PassOnFontChange();
+    return QComboBox::sizeHint();
+}
+
+QSize TRdComboBox::minimumSizeHint() const {
+    PassOnFontChange();
+    return QComboBox::minimumSizeHint();
+}
+
 void TRdComboBox::resizeEvent(QResizeEvent* event) {
     QComboBox::resizeEvent(event);
     PlaceEdit();

@@ -102,11 +102,15 @@ public:
 
     void showPopup() override;
     void hidePopup() override;
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
 
     std::function<void(TRdComboBox& sender)> OnDropDownShow;
     std::function<void(TRdComboBox& sender)> OnSelect;
 
 protected:
+    void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void enterEvent(QEnterEvent* event) override;
@@ -119,6 +123,7 @@ private:
     void FontChanged();
     void PlaceEdit();
     void Choose(int index);
+    void PassOnFontChange() const;
 
     TRdComboboxListForm* form_;
     TRdPictureProperty* background_;
@@ -133,6 +138,7 @@ private:
     TComboBoxStyle style_ = csDropDownList;
     int textOffX_ = 4;
     bool hot_ = false;
+    mutable bool fontChangeWaiting_ = false;
 };
 
 }  // namespace qpt

@@ -234,6 +234,27 @@ TEST(ComboBox, KeepsItsSettingsUnderTheirNames) {
     EXPECT_FALSE(combo.DroppedDown());
 }
 
+// A hidden box holds its font change back from the stock list it never
+// shows; what it reports about its size must not go stale meanwhile.
+TEST(ComboBox, AFontChangedWhileHiddenCountsForItsSizeAndOnceShown) {
+    TRdComboBox combo;
+    combo.addItem("Sample text");
+    combo.Font()->SetHeight(-10);
+    const QSize small = combo.sizeHint();
+    combo.Font()->SetHeight(-30);
+    ASSERT_TRUE(combo.isHidden());
+    const QSize large = combo.sizeHint();
+    EXPECT_GT(large.height(), small.height());
+    EXPECT_GT(large.width(), small.width());
+    EXPECT_EQ(combo.minimumSizeHint().height(), large.height());
+
+    combo.Font()->SetHeight(-12);
+    combo.show();
+    EXPECT_LT(combo.sizeHint().height(), large.height()) << "the change made while hidden";
+    combo.Font()->SetHeight(-30);
+    EXPECT_EQ(combo.sizeHint(), large) << "and one made while shown";
+}
+
 TEST(ComboBox, TakesTheStyleBarLookFromTheSkin) {
     testing::RealSkin skin;
     auto* combo = new TRdComboBox(&skin.form);
