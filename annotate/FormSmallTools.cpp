@@ -37,6 +37,7 @@ void TFormSmallTools::FormCreate() {
     AfterFirstPaint(this, [this] {
         if (!fontsReady_ && !fontThread_) StartFontList();
     });
+    SetUpAfterFirstPaint(this, [this] { MeasureTexts(); });
     SelectPen(1);
     ScaleSkinnedForm(this);
     if (!ScaleActive()) return;
@@ -55,6 +56,17 @@ void TFormSmallTools::StartFontList() {
         if (!fontsReady_) FillFontList(gatheredFonts_);
     });
     fontThread_->start(QThread::LowPriority);
+}
+
+void TFormSmallTools::MeasureTexts() {
+    if (textsMeasured_) return;
+    textsMeasured_ = true;
+    lbl_PixelSize->EndLoad();
+}
+
+void TFormSmallTools::setVisible(bool visible) {
+    if (visible) MeasureTexts();
+    QWidget::setVisible(visible);
 }
 
 void TFormSmallTools::WaitForFontList() {

@@ -49,6 +49,11 @@ public:
     void Font_ComboBoxSelect();
     void imgWebcamSizeChange();
 
+    // Fits the labels to their texts, once: done after the picture's first
+    // paint, or earlier by whatever shows or arranges the bar first.
+    void MeasureTexts();
+    void setVisible(bool visible) override;
+
     // The font list, once gathered; waits for it when still on its way.
     void WaitForFontList();
     bool FontListReady() const { return fontsReady_; }
@@ -89,6 +94,7 @@ private:
     QThread* fontThread_ = nullptr;
     QStringList gatheredFonts_;
     bool fontsReady_ = false;
+    bool textsMeasured_ = false;
 };
 
 // Brings the text layer under edit, or the current one, to the session's

@@ -55,6 +55,7 @@ void TFormSmallTools::ShowTextStyle() {
 }
 
 void TFormSmallTools::ShowMosaicStyle() {
+    MeasureTexts();
     for (TRdImageButton* pen : Btn_Pen)
         pen->show();
     imgWebcamSize->show();

@@ -5,6 +5,7 @@
 #include <QTimer>
 #include <cmath>
 
+#include "app/session/FirstPaint.h"
 #include "app/session/SessionForms.h"
 #include "skin/RdImageButton.h"
 #include "skin/RdLabel.h"
@@ -47,6 +48,9 @@ TFormMsg::TFormMsg(QWidget* parent)
     RdBtn_ExitTipBg->setGeometry(0, 0, 300, 49);
     RdBtn_ExitTipBg->ImageNormal()->SetText(SkinImageText(QStringLiteral("bg_window")));
     lbl_ExitTipCap = new TRdLabel(Panel_ExitTip);
+    // Wrapping the caption loads the font database, which waits until the
+    // picture is on the screen or the hint is first shown.
+    lbl_ExitTipCap->BeginLoad();
     // The width stays; the height follows the lines of the caption.
     lbl_ExitTipCap->SetAutoSize(false);
     lbl_ExitTipCap->setGeometry(0, 15, 270, 19);
@@ -74,6 +78,18 @@ void TFormMsg::FormCreate() {
     if (caption.length() > kOneLineCaption)
         lbl_ExitTipCap->move(lbl_ExitTipCap->x(), lbl_ExitTipCap->y() - kSecondLineRoom);
     ScaleSkinnedForm(this);
+    SetUpAfterFirstPaint(this, [this] { MeasureTexts(); });
+}
+
+void TFormMsg::MeasureTexts() {
+    if (textsMeasured_) return;
+    textsMeasured_ = true;
+    lbl_ExitTipCap->EndLoad();
+}
+
+void TFormMsg::setVisible(bool visible) {
+    if (visible) MeasureTexts();
+    QWidget::setVisible(visible);
 }
 
 void TFormMsg::ShowExitTip() {

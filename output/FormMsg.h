@@ -23,6 +23,10 @@ public:
     // Fills in the caption (a long translation moves it up for a second
     // line) and scales the form.
     void FormCreate();
+    // Fits the caption to its lines, once: done after the picture's first
+    // paint, or earlier when the hint shows first.
+    void MeasureTexts();
+    void setVisible(bool visible) override;
     void ShowExitTip();
     // Hides the hint once it has been up for three seconds.
     void tmr_ExitTipTimer();
@@ -36,6 +40,8 @@ public:
 
 private:
     void PlaceOverPinnedWindow();
+
+    bool textsMeasured_ = false;
 };
 
 // The caption of the hint for a language text with its "%s".

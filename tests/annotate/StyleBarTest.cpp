@@ -7,6 +7,7 @@
 
 #include "annotate/ColorSwatch.h"
 #include "annotate/FormSmallTools.h"
+#include "app/session/FirstPaint.h"
 #include "app/session/SessionForms.h"
 #include "imaging/IEShapeLayer.h"
 #include "imaging/IETextLayer.h"
@@ -187,6 +188,28 @@ TEST_P(StyleBarControls, ATextLayerFollowsTheListsAndAShapeKeepsItsColour) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Scales, StyleBarControls, ::testing::Values(1));
+
+// Each test runs in a process of its own, so the first paint is still to come.
+TEST(StyleBarBeforeThePicture, FitsItsLabelAfterTheFirstPaintOrWhenArrangedFirst) {
+    testing::ResetSessionStyle();
+    AwaitFirstPaint();
+    TFormSmallTools waiting;
+    waiting.FormCreate();
+    TFormSmallTools arranged;
+    arranged.FormCreate();
+    arranged.ShowMosaicStyle();
+    const int label = arranged.lbl_PixelSize->width();
+    EXPECT_GT(label, 30);
+    EXPECT_EQ(arranged.size(), QSize(111 + label + 140 + 25, 50));
+    TFormSmallTools shown;
+    shown.FormCreate();
+    shown.show();
+    EXPECT_EQ(shown.lbl_PixelSize->size(), arranged.lbl_PixelSize->size());
+
+    FirstPaintDone();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(waiting.lbl_PixelSize->size(), arranged.lbl_PixelSize->size());
+}
 
 }  // namespace
 }  // namespace qpt

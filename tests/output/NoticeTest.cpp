@@ -5,6 +5,7 @@
 #include <QMouseEvent>
 #include <QTimer>
 
+#include "app/session/FirstPaint.h"
 #include "output/FormMsg.h"
 #include "output/TipForm.h"
 #include "skin/RdImageButton.h"
@@ -88,6 +89,32 @@ TEST_F(Notice, ALongTranslationOfTheHintIsRaisedAtBothScales) {
         EXPECT_EQ(msg.lbl_ExitTipCap->pos(), QPoint(0, 5) * factor);
         EXPECT_EQ(msg.lbl_ExitTipCap->width(), 270 * factor);
     }
+    QptMessages() = TQptMessages();
+}
+
+// Each test runs in a process of its own, so the first paint is still to come.
+TEST_F(Notice, TheExitHintWrapsItsCaptionAfterTheFirstPaintOrWhenShownFirst) {
+    testing::WriteFile(home_.root() + "Language/English.lng",
+                       "[QPT_M]\nM_Screen_ExitTipCap=Press %s one more time to leave the picture "
+                       "that is pinned here\n");
+    TLanguage language("QPT", home_.root() + "Language");
+    language.SetLanguage("English");
+    FetchMessageTexts(language);
+    TFormMsg plain;
+    plain.FormCreate();
+    const int twoLines = plain.lbl_ExitTipCap->height();
+    AwaitFirstPaint();
+    TFormMsg waiting;
+    waiting.FormCreate();
+    TFormMsg shown;
+    shown.FormCreate();
+    shown.ShowExitTip();
+    EXPECT_EQ(shown.lbl_ExitTipCap->height(), twoLines);
+    EXPECT_GT(twoLines, 19) << "the caption wraps";
+
+    FirstPaintDone();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(waiting.lbl_ExitTipCap->geometry(), plain.lbl_ExitTipCap->geometry());
     QptMessages() = TQptMessages();
 }
 
