@@ -11,15 +11,12 @@
 #include <QFile>
 #include <QImage>
 #include <QProcess>
-#include <QThread>
 #include <algorithm>
 #include <atomic>
-#include <cstring>
 #include <thread>
 
-#include "support/MainIni.h"
 #include "support/Paths.h"
-#include "tests/common/DisplayTest.h"
+#include "tests/app/PinnedProgram.h"
 #include "tests/common/ProgramRun.h"
 #include "tests/common/ScratchHome.h"
 
@@ -89,50 +86,7 @@ TEST(HostileStart, RelativeFoldersInTheEnvironmentAreIgnored) {
 
 // The real program on a private X server, started with a hand-over as a host
 // of another version might leave it.
-class HostileHandOver : public testing::DisplayTest {
-protected:
-    void TearDown() override {
-        program_.kill();
-        program_.waitForFinished();
-        DisplayTest::TearDown();
-    }
-
-    // Writes the picture and the four "StartPin" values, starts QptPin and
-    // waits for its first paint; false when it never comes.
-    bool Pin(const QImage& picture, const QStringList& startPin) {
-        if (!picture.save(GetTempFolder() + "QPTPinTemp.bmp", "BMP")) return false;
-        const char* keys[] = {"Left", "Top", "Right", "Bottom"};
-        for (int i = 0; i < 4; ++i)
-            WriteMainIni("StartPin", keys[i], startPin[i]);
-        program_.setProcessEnvironment(
-            ChangedEnvironment({{"QT_QPA_PLATFORM", "xcb"}, {"QPT_DEBUG", "1"}}));
-        program_.start(QPT_PROGRAM_DIR "/QptPin", {"/QPTMain"});
-        QByteArray errors;
-        QElapsedTimer clock;
-        clock.start();
-        while (!errors.contains("first paint") && clock.elapsed() < 15000 &&
-               program_.state() != QProcess::NotRunning) {
-            program_.waitForReadyRead(50);
-            errors += program_.readAllStandardError();
-        }
-        return errors.contains("first paint");
-    }
-
-    QRgb ScreenPixel(int x, int y) {
-        xcb_screen_t* screen = xcb_setup_roots_iterator(xcb_get_setup(c_)).data;
-        auto* reply = xcb_get_image_reply(c_,
-                                          xcb_get_image(c_, XCB_IMAGE_FORMAT_Z_PIXMAP, screen->root,
-                                                        int16_t(x), int16_t(y), 1, 1, ~0u),
-                                          nullptr);
-        if (!reply) return 0;
-        QRgb pixel = 0;
-        std::memcpy(&pixel, xcb_get_image_data(reply), sizeof pixel);
-        std::free(reply);
-        return pixel | 0xFF000000u;
-    }
-
-    QProcess program_;
-};
+using HostileHandOver = testing::PinnedProgram;
 
 // Left 2^31 - 2^16 and Right -2^31: the width overflows 32 bits (and wraps
 // to 2^16, which X11 would take as 0). The window must still appear (here as
@@ -141,18 +95,17 @@ protected:
 TEST_F(HostileHandOver, AnOverflowingRectangleStillGetsAWindow) {
     QImage picture(40, 30, QImage::Format_RGB888);
     picture.fill(Qt::darkCyan);
-    EXPECT_TRUE(Pin(picture, {"2147418112", "1", "-2147483648", "31"}));
+    ASSERT_TRUE(WriteHandOver(picture, {"2147418112", "1", "-2147483648", "31"}));
+    EXPECT_TRUE(StartPinned()) << errors_.toStdString();
 }
 
 TEST_F(HostileHandOver, APictureOfOnePixelIsShown) {
     QImage picture(1, 1, QImage::Format_RGB888);
     picture.fill(qRgb(200, 30, 90));
-    ASSERT_TRUE(Pin(picture, {"300", "200", "301", "201"}));
-    QElapsedTimer clock;
-    clock.start();
-    while (ScreenPixel(300, 200) != qRgb(200, 30, 90) && clock.elapsed() < 10000)
-        QThread::msleep(20);
-    EXPECT_EQ(ScreenPixel(300, 200), qRgb(200, 30, 90));
+    ASSERT_TRUE(WriteHandOver(picture, {"300", "200", "301", "201"}));
+    ASSERT_TRUE(StartPinned()) << errors_.toStdString();
+    EXPECT_TRUE(
+        testing::WaitFor([&] { return Shows(picture, picture.rect(), QPoint(300, 200)); }, 10000));
 }
 
 // Settings as the host leaves them: UTF-8 with comments, about 4 KB, so that

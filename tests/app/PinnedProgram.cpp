@@ -10,6 +10,7 @@
 
 #include "support/MainIni.h"
 #include "support/Paths.h"
+#include "tests/common/ProgramRun.h"
 
 namespace qpt::testing {
 
@@ -41,26 +42,35 @@ void PinnedProgram::TearDown() {
 
 void PinnedProgram::Pin(const QImage& picture, const QRect& rect, const QStringList& arguments,
                         const QString& program) {
-    ASSERT_TRUE(picture.save(GetTempFolder() + "QPTPinTemp.bmp", "BMP"));
-    WriteMainIni("StartPin", "Left", QString::number(rect.left()));
-    WriteMainIni("StartPin", "Top", QString::number(rect.top()));
-    WriteMainIni("StartPin", "Right", QString::number(rect.left() + rect.width()));
-    WriteMainIni("StartPin", "Bottom", QString::number(rect.top() + rect.height()));
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert("QT_QPA_PLATFORM", "xcb");
-    environment.insert("QPT_DEBUG", "1");
-    program_.setProcessEnvironment(environment);
+    ASSERT_TRUE(WriteHandOver(picture, {QString::number(rect.left()), QString::number(rect.top()),
+                                        QString::number(rect.left() + rect.width()),
+                                        QString::number(rect.top() + rect.height())}));
+    ASSERT_TRUE(StartPinned(arguments, program)) << errors_.toStdString();
+}
+
+bool PinnedProgram::WriteHandOver(const QImage& picture, const QStringList& startPin) {
+    if (!picture.save(GetTempFolder() + "QPTPinTemp.bmp", "BMP")) return false;
+    const char* keys[] = {"Left", "Top", "Right", "Bottom"};
+    for (int i = 0; i < 4; ++i)
+        WriteMainIni("StartPin", keys[i], startPin[i]);
+    return true;
+}
+
+bool PinnedProgram::StartPinned(const QStringList& arguments, const QString& program) {
+    program_.setProcessEnvironment(
+        ChangedEnvironment({{"QT_QPA_PLATFORM", "xcb"}, {"QPT_DEBUG", "1"}}));
     errors_.clear();
     program_.start(program, arguments);
-    ASSERT_TRUE(program_.waitForStarted());
-    ASSERT_TRUE(WaitFor(
+    if (!program_.waitForStarted()) return false;
+    WaitFor(
         [&] {
             program_.waitForReadyRead(20);
             errors_ += program_.readAllStandardError();
-            return errors_.contains("first paint");
+            return errors_.contains("first paint") || program_.state() == QProcess::NotRunning;
         },
-        15000))
-        << errors_.toStdString();
+        15000);
+    errors_ += program_.readAllStandardError();
+    return errors_.contains("first paint");
 }
 
 QString PinnedProgram::ProgramBesideStatRecorder(const QString& record) {

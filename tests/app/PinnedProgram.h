@@ -28,6 +28,14 @@ protected:
     void Pin(const QImage& picture, const QRect& rect, const QStringList& arguments = {"/QPTMain"},
              const QString& program = QPT_PROGRAM_DIR "/QptPin");
 
+    // The hand-over as a host writes it: the picture, and the four "StartPin"
+    // values Left, Top, Right and Bottom as text, whatever they say.
+    static bool WriteHandOver(const QImage& picture, const QStringList& startPin);
+    // Starts the program and waits for its first paint; false when it ends
+    // or 15 s go by first. What it said is in `errors_`.
+    bool StartPinned(const QStringList& arguments = {"/QPTMain"},
+                     const QString& program = QPT_PROGRAM_DIR "/QptPin");
+
     // A copy of the program, with its skin and clipboard holder, beside a
     // statistics library that writes what it is told to `record`.
     QString ProgramBesideStatRecorder(const QString& record);
