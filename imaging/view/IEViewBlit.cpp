@@ -1,7 +1,9 @@
 #include "imaging/view/IEViewBlit.h"
 
+#include <QPaintEngine>
 #include <QPainter>
 #include <algorithm>
+#include <cmath>
 #include <cstring>
 
 #if defined(__x86_64__)
@@ -61,8 +63,59 @@ void IEWidenBgrRow(const uint8_t* source, uint32_t* target, int count) {
     target[count - 1] = 0xFF000000u | uint32_t(last[2]) << 16 | uint32_t(last[1]) << 8 | last[0];
 }
 
+namespace {
+
+// The image a painter draws on, where the painter's origin lies in it and
+// the part of it the painter may change, when pixels can be stored there as
+// they are: an unshared 32-bit image at scale 1, a painter that only moves
+// the origin, draws fully opaque and has no clip of its own.
+struct TDirectTarget {
+    QImage* image = nullptr;
+    QPoint origin;
+    QRegion allowed;
+};
+
+bool TakesOpaqueRgb32(const QImage& image) {
+    const QImage::Format format = image.format();
+    return (format == QImage::Format_RGB32 || format == QImage::Format_ARGB32 ||
+            format == QImage::Format_ARGB32_Premultiplied) &&
+           image.devicePixelRatio() == 1.0 && image.isDetached();
+}
+
+TDirectTarget DirectTarget(QPainter& painter) {
+    QPaintEngine* engine = painter.paintEngine();
+    if (!engine || engine->type() != QPaintEngine::Raster || painter.hasClipping() ||
+        painter.opacity() != 1.0 ||
+        painter.compositionMode() != QPainter::CompositionMode_SourceOver)
+        return {};
+    QPaintDevice* device = engine->paintDevice();
+    if (!device || device->devType() != QInternal::Image) return {};
+    auto* image = static_cast<QImage*>(device);
+    const QTransform move = painter.deviceTransform();
+    if (!TakesOpaqueRgb32(*image) || move.type() > QTransform::TxTranslate ||
+        move.dx() != std::floor(move.dx()) || move.dy() != std::floor(move.dy()))
+        return {};
+    // No system clip means the whole device.
+    const QRegion clip = engine->systemClip();
+    return {image, QPoint(int(move.dx()), int(move.dy())),
+            clip.isEmpty() ? QRegion(image->rect()) : clip & image->rect()};
+}
+
+}  // namespace
+
 void TIEViewBlit::Paint(QPainter& painter, TIEBitmap& back, const QRect& area) {
     if (area.isEmpty()) return;
+    const TDirectTarget target = DirectTarget(painter);
+    if (!target.image) return PaintThroughStrips(painter, back, area);
+    const QPoint o = target.origin;
+    for (const QRect& r : target.allowed& area.translated(o))
+        for (int y = r.top(); y <= r.bottom(); ++y)
+            IEWidenBgrRow(back.Scanline(y - o.y()) + 3 * (r.left() - o.x()),
+                          reinterpret_cast<uint32_t*>(target.image->scanLine(y)) + r.left(),
+                          r.width());
+}
+
+void TIEViewBlit::PaintThroughStrips(QPainter& painter, TIEBitmap& back, const QRect& area) {
     if (strip_.width() < area.width())
         strip_ = QImage(area.width(), kStripRows, QImage::Format_RGB32);
     for (int y = area.top(); y <= area.bottom(); y += kStripRows) {

@@ -159,6 +159,40 @@ TEST(ImageViewBlit, WidensEveryPixelOfARowAndNoMore) {
     }
 }
 
+// A plain 32-bit image takes the rows straight in; the asked region is the
+// whole of what changes, wherever the view lands in the image.
+TEST_F(ImageView, RenderedIntoAnImageItChangesOnlyTheAskedRegion) {
+    LoadCoordinatePicture(view, 640, 480);
+    const QRegion asked = QRegion(0, 0, 100, 50) + QRegion(300, 200, 40, 30);
+    const QPoint at(30, 7);
+    for (const QImage::Format format :
+         {QImage::Format_RGB32, QImage::Format_ARGB32_Premultiplied, QImage::Format_RGB888}) {
+        QImage target(700, 500, format);
+        target.fill(QColor(0x12, 0x34, 0x56));
+        view.render(&target, at, asked);
+        for (int y = 0; y < target.height(); ++y)
+            for (int x = 0; x < target.width(); ++x) {
+                const QPoint local = QPoint(x, y) - at;
+                const QRgb expected = asked.contains(local) ? CoordinateColour(local.x(), local.y())
+                                                            : qRgb(0x12, 0x34, 0x56);
+                ASSERT_EQ(target.pixel(x, y), expected) << format << " at " << x << "," << y;
+            }
+    }
+}
+
+// At twice the scale each picture pixel covers four of the image's.
+TEST_F(ImageView, RenderedIntoAScaledImageItDrawsThePictureLarger) {
+    LoadCoordinatePicture(view, 640, 480);
+    QImage target(1280, 960, QImage::Format_RGB32);
+    target.setDevicePixelRatio(2);
+    target.fill(Qt::black);
+    view.render(&target);
+    for (const QPoint p : {QPoint(0, 0), QPoint(123, 45), QPoint(639, 479)})
+        for (const QPoint d : {QPoint(0, 0), QPoint(1, 1)})
+            EXPECT_EQ(target.pixel(2 * p + d), CoordinateColour(p.x(), p.y()))
+                << p.x() << "," << p.y();
+}
+
 TEST_F(ImageView, ScreenToBitmapPastTheTableTakesTheFloatPath) {
     LoadCoordinatePicture(view, 640, 480);
     EXPECT_EQ(view.XScr2Bmp(639), 639);
