@@ -13,9 +13,11 @@ namespace qpt::testing {
 class DisplayTest : public ::testing::Test {
 protected:
     explicit DisplayTest(int width = 1920, int height = 1080) : display_(width, height) {}
+    explicit DisplayTest(const QList<QRect>& monitors) : display_(monitors) {}
 
     void SetUp() override {
         if (!display_.isRunning()) GTEST_SKIP() << "no Xvfb";
+        ASSERT_TRUE(display_.monitorsSet()) << "xrandr could not set up the monitors";
         env_.setEnv("DISPLAY", display_.name().toStdString());
         c_ = xcb_connect(display_.name().toLatin1().constData(), nullptr);
         ASSERT_FALSE(xcb_connection_has_error(c_));
