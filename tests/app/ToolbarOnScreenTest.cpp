@@ -13,6 +13,8 @@ using testing::WaitFor;
 
 class ToolbarOnScreen : public testing::PinnedProgram {
 protected:
+    using PinnedProgram::PinnedProgram;
+
     // Pins the picture and clicks it once without moving: the bar's first
     // appearance.
     QRect PinAndClick(const QRect& rect, const QStringList& arguments = {"/QPTMain"}) {
@@ -79,6 +81,44 @@ TEST_F(ToolbarOnScreen, AWholeMonitorPictureHasItsBarAtOnceInsideItsTop) {
         return Shows(picture, QRect(0, 0, 1109, 864), QPoint(0, 0)) &&
                Shows(picture, QRect(0, 42, 1911, 822), QPoint(0, 42));
     }));
+}
+
+// Two monitors side by side, the second one taller than the primary: the
+// bar is flush with the primary screen's right edge once the picture
+// reaches past it, and goes below the picture as far down as the desktop
+// reaches.
+class ToolbarOnTwoMonitors : public ToolbarOnScreen {
+protected:
+    ToolbarOnTwoMonitors()
+        : ToolbarOnScreen({QRect(0, 0, 1920, 1080), QRect(1920, 0, 1280, 1440)}) {}
+    QPoint BarFor(const QRect& picture) {
+        const QPoint at = PinAndClick(picture).topLeft();
+        program_.kill();
+        program_.waitForFinished();
+        return at;
+    }
+};
+
+TEST_F(ToolbarOnTwoMonitors, PastThePrimaryScreenTheBarIsFlushWithItsRightEdge) {
+    EXPECT_EQ(BarFor(QRect(2400, 500, 400, 300)), QPoint(1109, 802)) << "in the middle";
+    EXPECT_EQ(BarFor(QRect(2900, 300, 300, 200)), QPoint(1109, 502)) << "at the desktop's edge";
+    EXPECT_EQ(BarFor(QRect(1700, 300, 400, 200)), QPoint(1109, 502)) << "across the boundary";
+    EXPECT_EQ(BarFor(QRect(1000, 300, 400, 200)), QPoint(1400 - 811, 502)) << "on the primary";
+}
+
+// Lower than the primary screen's bottom there is still room on the taller
+// monitor; only the desktop's bottom sends the bar above.
+TEST_F(ToolbarOnTwoMonitors, TheDesktopsBottomDecidesBelowOrAbove) {
+    EXPECT_EQ(BarFor(QRect(2400, 1000, 400, 300)), QPoint(1109, 1302));
+    EXPECT_EQ(BarFor(QRect(2400, 1140, 400, 300)), QPoint(1109, 1098));
+}
+
+// A picture of the whole second monitor is one too: its bar comes at once.
+TEST_F(ToolbarOnTwoMonitors, AWholeSecondMonitorPictureHasItsBarAtOnce) {
+    Pin(Pattern(1280, 1440), QRect(1920, 0, 1280, 1440));
+    QRect bar;
+    EXPECT_TRUE(WaitFor([&] { return !(bar = ToolbarRect()).isEmpty(); }));
+    EXPECT_EQ(bar, QRect(1109, 2, 811, 40));
 }
 
 // Each control stands where the one before it ends plus its gap, at twice

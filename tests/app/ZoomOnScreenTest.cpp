@@ -24,6 +24,7 @@ const QPoint kEnlarge(97, 20);
 class ZoomOnScreen : public testing::PinnedProgram {
 protected:
     explicit ZoomOnScreen(int width = 1920, int height = 1080) : PinnedProgram(width, height) {}
+    explicit ZoomOnScreen(const QList<QRect>& monitors) : PinnedProgram(monitors) {}
 
     void ShowBar() {
         const QRect window = PinnedWindowRect();
@@ -44,16 +45,19 @@ protected:
     // Every step up, one more click that the disabled button ignores, every
     // step down, and again one click too many.
     void WalkTheTable(const std::function<QRect(int)>& expected) {
+        WalkTheTable(expected, expected);
+    }
+    void WalkTheTable(const std::function<QRect(int)>& up, const std::function<QRect(int)>& down) {
         for (int step : kUp)
-            Click(kEnlarge, expected(step), step);
+            Click(kEnlarge, up(step), step);
         ClickAt(ToolbarRect().topLeft() + kEnlarge);
         QThread::msleep(300);
-        EXPECT_EQ(PinnedWindowRect(), expected(40)) << "enlarging stops at 400%";
+        EXPECT_EQ(PinnedWindowRect(), up(40)) << "enlarging stops at 400%";
         for (int step : kDown)
-            Click(kShrink, expected(step), step);
+            Click(kShrink, down(step), step);
         ClickAt(ToolbarRect().topLeft() + kShrink);
         QThread::msleep(300);
-        EXPECT_EQ(PinnedWindowRect(), expected(1)) << "shrinking stops at 10%";
+        EXPECT_EQ(PinnedWindowRect(), down(1)) << "shrinking stops at 10%";
     }
 };
 
@@ -82,6 +86,31 @@ TEST_F(TallZoomOnScreen, ATallPictureStopsAtTheLimitAndScrolls) {
         const int w = 300 * step / 10, h = std::min(700 * step / 10, 800);
         return QRect(900 - w, 950 - h, w, h);
     });
+}
+
+// The primary screen, 1080 high, and a taller monitor to its right.
+class ZoomOnTwoMonitors : public ZoomOnScreen {
+protected:
+    ZoomOnTwoMonitors() : ZoomOnScreen({QRect(0, 0, 1920, 1080), QRect(1920, 0, 1280, 1440)}) {}
+};
+
+// On the taller monitor the limit is still 80% of the primary screen's
+// height, 864, though 1152 would fit there. Growing left, the window
+// reaches over the primary screen; the bar stands flush with the primary
+// screen's right edge, and the first step down brings the window's right
+// edge to the bar's, where it stays.
+TEST_F(ZoomOnTwoMonitors, OnTheTallerMonitorThePrimaryScreenSetsTheLimit) {
+    Pin(Pattern(300, 700), QRect(2400, 300, 300, 700));
+    ShowBar();
+    EXPECT_EQ(ToolbarRect(), QRect(1109, 1002, 811, 40));
+    // The window at a step, its lower right corner just inside `corner`.
+    const auto endingAt = [](QPoint corner) {
+        return [corner](int step) {
+            const QSize size(30 * step, std::min(70 * step, 864));
+            return QRect(corner - QPoint(size.width(), size.height()), size);
+        };
+    };
+    WalkTheTable(endingAt(QPoint(2700, 1000)), endingAt(QPoint(1920, 1000)));
 }
 
 // A copy of the program beside a statistics library that writes down what
