@@ -2,6 +2,7 @@
 
 #include <QThread>
 #include <functional>
+#include <utility>
 
 #include "tests/app/PinnedProgram.h"
 #include "tests/common/ScratchHome.h"
@@ -57,9 +58,23 @@ protected:
                 count += counts(shot.pixel(x, y));
         return count;
     }
-    // Smoothed text on the grey picture, in red or in the palette's green.
+    // Smoothed marks and text on the grey picture, in red or in the
+    // palette's green.
     static bool Reddish(QRgb p) { return qRed(p) > 200 && qGreen(p) < 90 && qBlue(p) < 90; }
     static bool Greenish(QRgb p) { return qGreen(p) - qRed(p) > 60 && qGreen(p) - qBlue(p) > 30; }
+    // The screen stays the same in r for a while: what was sent is painted.
+    bool Settled(const QRect& r) {
+        QImage last = Screen(r);
+        return testing::WaitFor(
+            [&] {
+                QThread::msleep(250);
+                QImage now = Screen(r);
+                const bool same = now == last;
+                last = std::move(now);
+                return same;
+            },
+            8000);
+    }
     QPoint StyleBar() const { return bar_.bottomLeft() + QPoint(0, 3); }
     // The style bar's window while it is on the screen.
     xcb_window_t StyleBarWindow() {

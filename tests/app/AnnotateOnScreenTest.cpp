@@ -17,9 +17,9 @@ using testing::WaitFor;
 TEST_F(AnnotateOnScreen, EachToolDrawsItsMarkInTheSessionsRedAndWidth) {
     PinGrey();
     const std::pair<QPoint, QRect> marks[] = {
-        {kRect, QRect(120, 120, 80, 60)},  {kOval, QRect(240, 120, 80, 60)},
-        {kLine, QRect(360, 120, 80, 60)},  {kArrow, QRect(120, 260, 80, 60)},
-        {kBrush, QRect(240, 260, 80, 60)},
+        {kRect, QRect(120, 120, 80, 60)}, {kOval, QRect(240, 120, 80, 60)},
+        {kLine, QRect(360, 150, 80, 1)},  {kArrow, QRect(120, 260, 80, 60)},
+        {kBrush, QRect(240, 290, 80, 1)},
     };
     for (const auto& [button, box] : marks) {
         Tool(button);
@@ -31,6 +31,10 @@ TEST_F(AnnotateOnScreen, EachToolDrawsItsMarkInTheSessionsRedAndWidth) {
     // The rectangle is an outline of 4 pixels: its inside and its line.
     EXPECT_TRUE(Plain(QRect(130, 130, 60, 40)));
     EXPECT_EQ(RedIn(QRect(150, 118, 1, 8)), 4);
+    // Across the oval's top, the line and the stroke: 4 pixels, smoothed.
+    for (const QRect across :
+         {QRect(280, 112, 1, 16), QRect(400, 142, 1, 16), QRect(300, 282, 1, 16)})
+        EXPECT_NEAR(Count(across, Reddish), 4, 1) << "at " << across.x() << ',' << across.y();
     // Nothing beside the marks, and no grips round them.
     EXPECT_TRUE(Plain(QRect(100, 210, 400, 30)));
 }
@@ -110,8 +114,17 @@ TEST_F(AnnotateOnScreen, PixelationFlattensFirstAndStopsWhenAnotherToolIsChosen)
     Drag(QPoint(120, 120), QPoint(180, 160));
     ASSERT_TRUE(WaitFor([&] { return RedIn(QRect(110, 110, 80, 60)) > 60; }));
     Tool(kMosaic);
-    Drag(QPoint(300, 150), QPoint(400, 200));
-    EXPECT_TRUE(WaitFor([&] { return !Plain(QRect(320, 160, 60, 30)); })) << "pixelated";
+    // Along the rectangle's top edge: the mark is part of the picture by
+    // now, so the brush pixelates it with the picture, and the rest of the
+    // mark stays where it was.
+    const QRect beyondTheBrush(100, 140, 100, 40);
+    const QImage before = Screen(beyondTheBrush);
+    Drag(QPoint(125, 122), QPoint(175, 122));
+    ASSERT_TRUE(WaitFor([&] { return !Plain(QRect(130, 110, 40, 6)); })) << "pixelated";
+    ASSERT_TRUE(Settled(QRect(100, 100, 200, 100)));
+    EXPECT_EQ(RedIn(QRect(140, 114, 20, 16)), 0) << "the edge is pixelated too";
+    EXPECT_EQ(Screen(beyondTheBrush), before);
+    EXPECT_TRUE(Plain(QRect(100, 200, 400, 200)));
     Tool(kRect);
     Drag(QPoint(300, 300), QPoint(420, 370));
     ASSERT_TRUE(WaitFor([&] { return RedIn(QRect(290, 290, 140, 90)) > 100; }));
@@ -143,6 +156,14 @@ TEST_F(AnnotateOnScreen, EscAfterAChangeShowsTheTipAndTheSecondLeaves) {
     Drag(QPoint(120, 120), QPoint(200, 180));
     ASSERT_TRUE(WaitFor([&] { return RedIn(QRect(110, 110, 100, 80)) > 60; }));
     Key("Escape");
+    // The tip stands centred over the picture.
+    EXPECT_TRUE(WaitFor([&] {
+        return !MappedWindow([&](xcb_window_t w) {
+                    const QRect tip = Geometry(w);
+                    return tip.width() == 300 &&
+                           (tip.center() - QPoint(300, 250)).manhattanLength() < 3;
+                }).isEmpty();
+    }));
     EXPECT_FALSE(program_.waitForFinished(500)) << "the tip, not the end";
     Key("Escape");
     EXPECT_TRUE(Ended());
