@@ -5,9 +5,9 @@
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
-#include <QMouseEvent>
 
 #include "bench/BenchApplication.h"
+#include "bench/BenchDrag.h"
 #include "imaging/IEImageLayer.h"
 #include "imaging/IERetouchToolInteraction.h"
 #include "imaging/IEShapeLayer.h"
@@ -16,16 +16,10 @@
 namespace {
 
 using namespace qpt;
+using bench::SendMouse;
 
 void App() {
     EnsureBenchApplication<QApplication>({.Name = "minimal", .Screens = {}});
-}
-
-void Send(TIEImageView& view, QEvent::Type type, QPoint at, Qt::MouseButtons buttons) {
-    const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
-    QMouseEvent event(type, QPointF(at), QPointF(view.mapToGlobal(at)), button, buttons,
-                      Qt::NoModifier);
-    QCoreApplication::sendEvent(&view, &event);
 }
 
 void Show4K(TIEImageView& view, const QImage& picture) {
@@ -51,15 +45,7 @@ void BM_DragRectangleOn4K(benchmark::State& state) {
     };
     view.SetCursor(crDefault);
     view.SetMouseInteractLayers(mlCreateShapeLayers);
-    Send(view, QEvent::MouseButtonPress, QPoint(400, 300), Qt::LeftButton);
-    int step = 0;
-    for (auto _ : state) {
-        // Out and back by more than the drag threshold on both axes.
-        const int d = (step++ % 2) ? 0 : 40;
-        Send(view, QEvent::MouseMove, QPoint(2000 + d, 1200 + d), Qt::LeftButton);
-        if (state.range(0)) QApplication::processEvents();
-    }
-    Send(view, QEvent::MouseButtonRelease, QPoint(2000, 1200), Qt::NoButton);
+    bench::DragOutAndBack(state, view);
 }
 BENCHMARK(BM_DragRectangleOn4K)->Arg(1)->Arg(0)->Unit(benchmark::kMillisecond);
 
@@ -87,13 +73,13 @@ void BM_MosaicStrokeOn4K(benchmark::State& state) {
     constexpr int kMoves = 100;
     for (auto _ : state) {
         QPoint at(1000, 800);
-        Send(view, QEvent::MouseButtonPress, at, Qt::LeftButton);
+        SendMouse(view, QEvent::MouseButtonPress, at, Qt::LeftButton);
         for (int i = 0; i < kMoves; ++i) {
             at += state.range(1) ? QPoint(8, 4) : QPoint(-8, -4);
-            Send(view, QEvent::MouseMove, at, Qt::LeftButton);
+            SendMouse(view, QEvent::MouseMove, at, Qt::LeftButton);
             if (state.range(0)) QApplication::processEvents();
         }
-        Send(view, QEvent::MouseButtonRelease, at, Qt::NoButton);
+        SendMouse(view, QEvent::MouseButtonRelease, at, Qt::NoButton);
     }
     state.counters["move"] = benchmark::Counter(
         kMoves, benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);

@@ -7,88 +7,28 @@
 // steps go up to 110% and back down to 100% in turn.
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
-#include <QImage>
-
-#include "annotate/FormTools.h"
-#include "app/FormPinned.h"
-#include "app/FormSequence.h"
 #include "app/session/SessionState.h"
-#include "bench/BenchApplication.h"
+#include "bench/PinnedSession.h"
 #include "imaging/IEImageLayer.h"
 #include "imaging/IELayerList.h"
 #include "imaging/IEViewCompositor.h"
 #include "imaging/view/IEImageView.h"
-#include "support/MainIni.h"
-#include "support/Paths.h"
-#include "tests/common/ScratchHome.h"
-#include "tests/common/VirtualDisplay.h"
 
 namespace {
 
 using namespace qpt;
-
-constexpr int kW = 3840, kH = 2160;
-
-// A screenshot-like picture: smooth gradients with some texture.
-QImage Picture() {
-    QImage image(kW, kH, QImage::Format_RGB888);
-    for (int y = 0; y < kH; ++y) {
-        uchar* row = image.scanLine(y);
-        for (int x = 0; x < kW; ++x) {
-            row[3 * x] = uchar(x / 15);
-            row[3 * x + 1] = uchar(y / 9);
-            row[3 * x + 2] = uchar((x ^ y) & 0x3F);
-        }
-    }
-    return image;
-}
-
-// The window is placed and cut against one 4K screen.
-void MakeApplicationOn4KScreen() {
-    if (qEnvironmentVariableIntValue("QPT_BENCH_ON_X") != 1) {
-        EnsureBenchApplication<QApplication>(OffscreenScreen(kW, kH));
-        return;
-    }
-    static testing::VirtualDisplay display(kW, kH);
-    if (!display.isRunning()) qFatal("the bench cannot start its X server");
-    qputenv("DISPLAY", display.name().toLocal8Bit());
-    EnsureBenchApplication<QApplication>({"xcb", {}});
-}
-
-struct TSession {
-    testing::ScratchHome home;
-    TFormPinned* pinned = nullptr;
-    TFormTools* tools = nullptr;
-
-    TSession() {
-        MakeApplicationOn4KScreen();
-        Picture().save(GetTempFolder() + "QPTPinTemp.bmp", "BMP");
-        WriteMainIni("StartPin", "Left", "0");
-        WriteMainIni("StartPin", "Top", "0");
-        WriteMainIni("StartPin", "Right", QString::number(kW));
-        WriteMainIni("StartPin", "Bottom", QString::number(kH));
-        pinned = CreateSessionForms({"QptPin", "/QPTMain"});
-        pinned->show();
-        tools = pinned->findChild<TFormTools*>();
-        Settle();
-    }
-    static void Settle() {
-        QApplication::processEvents();
-        QApplication::processEvents();
-    }
-};
+using namespace qpt::bench;
 
 // Clicks alternately enlarge and shrink, and lets the window handle the
 // request and paint.
 void BM_PinnedZoomStepOn4K(benchmark::State& state) {
-    static TSession session;
+    static TPinnedSession session;
     for (auto _ : state) {
         if (ZoomStep == 10)
             session.tools->Rdbtn_enlargeClick();
         else
             session.tools->Rdbtn_shrinkClick();
-        TSession::Settle();
+        TPinnedSession::Settle();
     }
     state.counters["zoom"] = ZoomStep * 10;
 }
