@@ -21,7 +21,6 @@ TFormSmallTools::TFormSmallTools(QWidget* parent)
     // Opening the bar must not take the keyboard from a text being typed.
     setAttribute(Qt::WA_ShowWithoutActivating);
     resize(550, 255);
-    CreateComponents();
     RegisterForm(qpt::FormSmallTools, this);
 }
 
@@ -30,14 +29,21 @@ TFormSmallTools::~TFormSmallTools() {
 }
 
 void TFormSmallTools::FormCreate() {
-    lbl_PixelSize->SetCaption(QptMessages().Text(QStringLiteral("M_Screen_PixelSize")));
-    Font_ComboBox->setCurrentIndex(-1);
     // The font caches are read while the picture is already on the screen,
     // not beside its first paint for the processor.
     AfterFirstPaint(this, [this] {
         if (!fontsReady_ && !fontThread_) StartFontList();
     });
-    SetUpAfterFirstPaint(this, [this] { MeasureTexts(); });
+    // The bar shows only once a tool is chosen; its controls, their
+    // pictures and measured texts wait until the picture is on the screen.
+    SetUpAfterFirstPaint(this, [this] { SetUp(); });
+}
+
+void TFormSmallTools::SetUp() {
+    if (Panel_Tool_Small) return;
+    CreateComponents();
+    lbl_PixelSize->SetCaption(QptMessages().Text(QStringLiteral("M_Screen_PixelSize")));
+    Font_ComboBox->setCurrentIndex(-1);
     SelectPen(1);
     ScaleSkinnedForm(this);
     if (!ScaleActive()) return;
@@ -46,6 +52,11 @@ void TFormSmallTools::FormCreate() {
         TDesignRect& margins = combo->BackgroundOption()->Rect();
         margins.Set(20, 1, 30, 1, margins.StretchMode());
     }
+}
+
+void TFormSmallTools::setVisible(bool visible) {
+    if (visible) SetUp();
+    QWidget::setVisible(visible);
 }
 
 // The families are read on a thread of their own, so that nothing waits
@@ -58,18 +69,8 @@ void TFormSmallTools::StartFontList() {
     fontThread_->start(QThread::LowPriority);
 }
 
-void TFormSmallTools::MeasureTexts() {
-    if (textsMeasured_) return;
-    textsMeasured_ = true;
-    lbl_PixelSize->EndLoad();
-}
-
-void TFormSmallTools::setVisible(bool visible) {
-    if (visible) MeasureTexts();
-    QWidget::setVisible(visible);
-}
-
 void TFormSmallTools::WaitForFontList() {
+    SetUp();
     if (fontsReady_) return;
     if (!fontThread_) {
         FillFontList(SystemFontFamilies());
@@ -80,6 +81,7 @@ void TFormSmallTools::WaitForFontList() {
 }
 
 void TFormSmallTools::FillFontList(const QStringList& families) {
+    SetUp();
     Font_ComboBox->clear();
     Font_ComboBox->addItems(families);
     Font_ComboBox->setCurrentIndex(FamilyIndex(families, QStringLiteral("Tahoma")));
@@ -97,8 +99,15 @@ void TFormSmallTools::SelectPen(int index) {
 }
 
 void TFormSmallTools::SyncPenButtons(int width) {
+    SetUp();
     const int index = PenButtonForWidth(width);
     if (index >= 0) SelectPen(index);
+}
+
+TFormSmallTools* SessionStyleBar() {
+    auto* bar = qobject_cast<TFormSmallTools*>(FormSmallTools);
+    if (bar) bar->SetUp();
+    return bar;
 }
 
 }  // namespace qpt

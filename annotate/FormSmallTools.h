@@ -28,9 +28,15 @@ public:
     explicit TFormSmallTools(QWidget* parent = nullptr);
     ~TFormSmallTools() override;
 
-    // Sets the texts, starts gathering the font list, selects the middle
-    // pen and scales the bar.
+    // Starts gathering the font list and has the controls made, once the
+    // picture has painted (at once when no first paint is awaited).
     void FormCreate();
+    // Makes the controls, sets their texts, selects the middle pen and
+    // scales the bar, once; whatever shows, arranges or fills the bar
+    // before the picture has painted does it first. Until then the
+    // controls below are null.
+    void SetUp();
+    void setVisible(bool visible) override;
 
     // The three arrangements; each sets every place and size it shows.
     void ShowShapeStyle();
@@ -48,11 +54,6 @@ public:
     void FontSize_comboxSelect();
     void Font_ComboBoxSelect();
     void imgWebcamSizeChange();
-
-    // Fits the labels to their texts, once: done after the picture's first
-    // paint, or earlier by whatever shows or arranges the bar first.
-    void MeasureTexts();
-    void setVisible(bool visible) override;
 
     // The font list, once gathered; waits for it when still on its way.
     void WaitForFontList();
@@ -94,8 +95,10 @@ private:
     QThread* fontThread_ = nullptr;
     QStringList gatheredFonts_;
     bool fontsReady_ = false;
-    bool textsMeasured_ = false;
 };
+
+// The session's style bar with its controls made, null when there is none.
+TFormSmallTools* SessionStyleBar();
 
 // Brings the text layer under edit, or the current one, to the session's
 // text style, and reloads the editor open on it.

@@ -22,6 +22,7 @@ int RightOf(const QWidget* w) {
 }  // namespace
 
 void TFormSmallTools::ShowShapeStyle() {
+    SetUp();
     for (TRdImageButton* pen : Btn_Pen)
         pen->show();
     imgWebcamSize->hide();
@@ -55,7 +56,7 @@ void TFormSmallTools::ShowTextStyle() {
 }
 
 void TFormSmallTools::ShowMosaicStyle() {
-    MeasureTexts();
+    SetUp();
     for (TRdImageButton* pen : Btn_Pen)
         pen->show();
     imgWebcamSize->show();
@@ -75,6 +76,7 @@ void TFormSmallTools::ShowMosaicStyle() {
 }
 
 void TFormSmallTools::ShowPalette(bool visible) {
+    SetUp();
     for (TRdImageButton* cell : PaletteCells)
         cell->setVisible(visible);
     Image_show->setVisible(visible);

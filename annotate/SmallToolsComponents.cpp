@@ -126,9 +126,6 @@ void TFormSmallTools::CreateCombos() {
 
 void TFormSmallTools::CreatePixelSize() {
     lbl_PixelSize = new TRdLabel(Panel_Tool_Small);
-    // Measuring a text loads the font database: the label fits its text
-    // once the picture is on the screen, or when the bar first needs it.
-    lbl_PixelSize->BeginLoad();
     lbl_PixelSize->move(111, 140);
     lbl_PixelSize->Font()->SetName(QStringLiteral("Segoe UI"));
     lbl_PixelSize->Font()->SetHeight(-14);

@@ -21,7 +21,7 @@ void SyncTextStyleFromLayer(int layerIndex) {
     TextFontSize = font.Size;
     TextFontName = font.Name;
     TextColor = font.Color;
-    auto* bar = qobject_cast<TFormSmallTools*>(FormSmallTools);
+    TFormSmallTools* bar = SessionStyleBar();
     if (!bar) return;
     // A size the list lacks leaves it without a selection.
     bar->FontSize_combox->setCurrentIndex(

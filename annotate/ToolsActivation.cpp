@@ -16,10 +16,6 @@ namespace qpt {
 
 namespace {
 
-TFormSmallTools* StyleBar() {
-    return qobject_cast<TFormSmallTools*>(FormSmallTools);
-}
-
 void Arrange(TFormSmallTools& bar, TStyleArrangement arrangement) {
     switch (arrangement) {
         case TStyleArrangement::Shape:
@@ -70,7 +66,7 @@ void TFormTools::ArmPixelation() {
         brush.PixelSize = PixelSize;
         Image_Front->show();
     }
-    if (TFormSmallTools* bar = StyleBar()) bar->imgWebcamSize->SetValue(PixelSize);
+    if (TFormSmallTools* bar = SessionStyleBar()) bar->imgWebcamSize->SetValue(PixelSize);
 }
 
 void TFormTools::ArmLayerTool(const TToolRow& tool) {
@@ -94,7 +90,7 @@ void TFormTools::ActivateTool(int32_t toolId) {
     Btn_Rd_Share->SetState(TRdImageButton::bsNormal);
     Rd_Save->SetState(TRdImageButton::bsNormal);
     if (FormShowing(FormSavePath)) FormSavePath->hide();
-    if (TFormSmallTools* bar = StyleBar()) {
+    if (TFormSmallTools* bar = SessionStyleBar()) {
         Arrange(*bar, tool.Arrangement);
         if (tool.MirrorsPen) bar->SyncPenButtons(PenWidth);
         // The bar takes the toolbar's left edge as it opens, and keeps it.

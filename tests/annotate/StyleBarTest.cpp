@@ -190,11 +190,12 @@ TEST_P(StyleBarControls, ATextLayerFollowsTheListsAndAShapeKeepsItsColour) {
 INSTANTIATE_TEST_SUITE_P(Scales, StyleBarControls, ::testing::Values(1));
 
 // Each test runs in a process of its own, so the first paint is still to come.
-TEST(StyleBarBeforeThePicture, FitsItsLabelAfterTheFirstPaintOrWhenArrangedFirst) {
+TEST(StyleBarBeforeThePicture, MakesItsControlsAfterTheFirstPaintOrWhenArrangedOrShownFirst) {
     testing::ResetSessionStyle();
     AwaitFirstPaint();
     TFormSmallTools waiting;
     waiting.FormCreate();
+    EXPECT_EQ(waiting.lbl_PixelSize, nullptr) << "no pictures decoded, no text measured yet";
     TFormSmallTools arranged;
     arranged.FormCreate();
     arranged.ShowMosaicStyle();
@@ -208,7 +209,10 @@ TEST(StyleBarBeforeThePicture, FitsItsLabelAfterTheFirstPaintOrWhenArrangedFirst
 
     FirstPaintDone();
     QCoreApplication::processEvents();
+    ASSERT_NE(waiting.lbl_PixelSize, nullptr);
     EXPECT_EQ(waiting.lbl_PixelSize->size(), arranged.lbl_PixelSize->size());
+    EXPECT_EQ(waiting.lbl_PixelSize->Caption(), arranged.lbl_PixelSize->Caption());
+    EXPECT_EQ(waiting.Btn_Pen[1]->ButtonState(), TRdImageButton::bsSelected);
 }
 
 }  // namespace
