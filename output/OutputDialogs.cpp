@@ -40,8 +40,9 @@ TSaveDialogAnswer TPlatformDialogs::RunSaveDialog(QWidget* owner,
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return answer;
     answer.Accepted = true;
     answer.FileName = dialog.selectedFiles().constFirst();
-    const int selected = filters.indexOf(dialog.selectedNameFilter());
-    if (selected >= 0) answer.FilterIndex = selected + 1;
+    // A handful of filters: the position always fits the answer's int.
+    const qsizetype selected = filters.indexOf(dialog.selectedNameFilter());
+    if (selected >= 0) answer.FilterIndex = static_cast<int>(selected) + 1;
     return answer;
 }
 
