@@ -60,7 +60,8 @@ void TColorTable::MergeVclColor() {
     for (ColorItem& item : pending) {
         item.Color = kUndefinedColor;
         RdLog(QStringLiteral("MergeVclColor, non-color[%1]: %2").arg(number++).arg(item.Name));
-        hash_.Put(item.Id, std::move(item));
+        const quint32 id = item.Id;
+        hash_.Put(id, std::move(item));
     }
     for (const StandardEntry& standard : StandardEntries()) {
         hash_.Put(standard.id, standard.item);
@@ -129,7 +130,7 @@ quint32 TColorTable::LookUp(quint32 id) const {
         return kUndefinedColor;
     }
     // A name may be linked to a system colour: paint its current value.
-    return IsSystemColor(item->Color) ? SystemColor(item->Color & 0xFF) : item->Color;
+    return ResolveSystemColor(item->Color);
 }
 
 bool TColorTable::IdentToColor(const QString& name, quint32& value) {
@@ -158,7 +159,7 @@ bool TColorTable::ColorToIdent(quint32 value, QString& name) const {
 
 quint32 TColorTable::ColorToRGB(quint32 value) const {
     if ((value >> 24) < 0xFF) return value;
-    if (IsSystemColor(value)) return SystemColor(value & 0xFF);
+    if (IsSystemColor(value)) return ResolveSystemColor(value);
     std::lock_guard lock(hashLock_);
     return LookUp(value);
 }

@@ -10,7 +10,7 @@ namespace {
 // Integer maths in 64 bits: a range near the int limits times a long travel
 // must not overflow.
 long long RoundDiv(long long numerator, long long denominator) {
-    return std::llround(static_cast<double>(numerator) / denominator);
+    return std::llround(static_cast<double>(numerator) / static_cast<double>(denominator));
 }
 
 // A zero or negative increment would divide by zero; one unit is the
