@@ -54,6 +54,7 @@ void TFormTools::FormCreate() {
         Btn_Rd_Google->DnNormalIcon()->Clear();
     ApplyLanguage();
     ScaleBar();
+    SetUpAfterFirstPaint(this, [this] { MakeLabels(); });
 }
 
 // Design sizes double with the interface; the hint's font and the share
@@ -97,6 +98,7 @@ void TFormTools::ApplyLanguage() {
 }
 
 void TFormTools::ShowBar() {
+    MakeLabels();
     PlaceBar();
     if (!isVisible()) {
         ClearToolToggles();

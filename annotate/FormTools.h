@@ -126,6 +126,8 @@ public:
     TRdImageButton* Btn_Rd_Del = nullptr;
     TRdImageButton* Rd_Save = nullptr;
     TRdImage* Image_BarDiv3 = nullptr;
+    // Null until made after the picture's first paint, or when the bar is
+    // laid out before that.
     QLabel* lbl_WinSize = nullptr;
     TRdImage* Image_BarDiv1 = nullptr;
     TRdImage* Image_BarDiv2 = nullptr;
@@ -158,6 +160,7 @@ private:
     void CreateToolButtons();
     void CreateOutputButtons();
     void CreateZoomControls();
+    void MakeLabels();
     void CreateShareMenu();
     void ConnectClicks();
     void ConnectOverlays();

@@ -62,6 +62,7 @@ void TFormTools::UpdateBarLayout(const QRect& pinned) {
 // The size label tells the view's size, which follows the zoom, not the
 // stored picture's; the zoom label grows with its text up to its limit.
 void TFormTools::UpdateLabels() {
+    MakeLabels();
     if (Image_Front)
         lbl_WinSize->setText(
             QStringLiteral("%1 x %2").arg(Image_Front->width()).arg(Image_Front->height()));

@@ -7,6 +7,7 @@
 #include "annotate/SkinNames.h"
 #include "skin/RdImage.h"
 #include "skin/RdImageButton.h"
+#include "support/Scale.h"
 
 namespace qpt {
 
@@ -161,8 +162,6 @@ void TFormTools::CreateOutputButtons() {
     SetIcon(Rd_Save, "icon_save_normal", "icon_save_press");
 
     Image_BarDiv3 = MakeDivider(Panel_Tools, "Image_BarDiv3", 482);
-    lbl_WinSize = MakeLabel(Panel_Tools, "lbl_WinSize", {117, 8, 110, 20}, QStringLiteral("width"));
-    lbl_WinSize->setFixedWidth(110);
     Image_BarDiv1 = MakeDivider(Panel_Tools, "Image_BarDiv1", 225);
     Image_BarDiv2 = MakeDivider(Panel_Tools, "Image_BarDiv2", 426);
 
@@ -230,9 +229,22 @@ void TFormTools::CreateZoomControls() {
     };
     for (const TButtonRow& row : rows)
         MakeButton(*this, row, Panel_Tools);
+}
+
+// The two labels are the bar's only stock text controls, and making the
+// first of them brings in code the picture's first paint has no use for:
+// they are made afterwards, in the places and stacking they have among the
+// others, at the interface's scale.
+void TFormTools::MakeLabels() {
+    if (lbl_WinSize) return;
+    lbl_WinSize = MakeLabel(Panel_Tools, "lbl_WinSize", {117, 8, 110, 20}, QStringLiteral("width"));
+    lbl_WinSize->setFixedWidth(110);
+    lbl_WinSize->stackUnder(Image_BarDiv1);
     lbl_Porportion =
         MakeLabel(Panel_Tools, "lbl_Porportion", {40, 8, 36, 20}, QStringLiteral("100%"));
     lbl_Porportion->setMaximumWidth(110);
+    ScaleControl(lbl_WinSize);
+    ScaleControl(lbl_Porportion);
 }
 
 }  // namespace qpt

@@ -5,9 +5,11 @@
 
 #include <QCoreApplication>
 #include <QLabel>
+#include <cmath>
 #include <memory>
 
 #include "annotate/FormTools.h"
+#include "app/session/FirstPaint.h"
 #include "app/session/SessionForms.h"
 #include "app/session/SessionMessages.h"
 #include "app/session/SessionState.h"
@@ -118,6 +120,34 @@ TEST_F(FormToolsTest, TheLabelsTellTheViewsSizeAndTheZoom) {
     EXPECT_EQ(bar->lbl_WinSize->width(), 110);
     EXPECT_GE(bar->lbl_Porportion->width(), 36);
     EXPECT_LE(bar->lbl_Porportion->width(), 110);
+}
+
+// Each test runs in a process of its own, so the first paint is still to come.
+TEST_F(FormToolsTest, TheLabelsAreMadeAfterTheFirstPaintOrWhenLaidOutFirstInTheirPlaces) {
+    AwaitFirstPaint();
+    SetScaleEnabled(true);
+    const double factor = GetScaleFactor();
+    auto waiting = MakeBar();
+    EXPECT_EQ(waiting->lbl_WinSize, nullptr);
+    EXPECT_EQ(waiting->lbl_Porportion, nullptr);
+    auto laidOut = MakeBar();
+    laidOut->UpdateBarLayout(QRect(0, 0, 10, 10));
+    ASSERT_NE(laidOut->lbl_Porportion, nullptr);
+    EXPECT_EQ(laidOut->lbl_Porportion->text(), "100%");
+
+    FirstPaintDone();
+    QCoreApplication::processEvents();
+    ASSERT_NE(waiting->lbl_WinSize, nullptr);
+    // Made last, they still lie where the form stacks them among the others.
+    const QObjectList& stack = waiting->Panel_Tools->children();
+    EXPECT_EQ(stack.indexOf(waiting->lbl_WinSize) + 1, stack.indexOf(waiting->Image_BarDiv1));
+    EXPECT_EQ(stack.indexOf(waiting->lbl_WinSize) - 1, stack.indexOf(waiting->Image_BarDiv3));
+    EXPECT_EQ(stack.last(), waiting->lbl_Porportion);
+    const auto scaled = [factor](int design) { return int(std::lround(design * factor)); };
+    EXPECT_EQ(waiting->lbl_WinSize->geometry(),
+              QRect(scaled(117), scaled(8), scaled(110), scaled(20)));
+    EXPECT_EQ(waiting->lbl_WinSize->maximumWidth(), scaled(110));
+    EXPECT_EQ(waiting->lbl_Porportion->font().pixelSize(), scaled(15));
 }
 
 TEST_F(FormToolsTest, TheRedDotStaysUntilTheSearchHasBeenSeen) {
