@@ -61,7 +61,9 @@ TFormPinned::TFormPinned(const QStringList& arguments, QWidget* parent)
     font.setPixelSize(11);
     setFont(font);
     resize(545, 382);
-    SkinStyle1 = CreatePinnedSkinStyle(*this);
+    // The package for the scale the screen asks for, so that the one decided
+    // again at FormCreate is already loaded and not read twice.
+    SkinStyle1 = CreatePinnedSkinStyle(*this, ChooseSkinRccFile(ScaleWanted(), ProgramFolder()));
     RdFormSkinMain = CreatePinnedFormSkin(*this);
 
     RdSB_ImageFont = new TRdScrollBox(this);
@@ -136,12 +138,15 @@ void TFormPinned::ApplyLanguage() {
     FetchMessageTexts(*language);
 }
 
+bool TFormPinned::ScaleWanted() const {
+    if (FirstArgumentIs(arguments_, "/Scale")) return true;
+    QScreen* screen = QGuiApplication::primaryScreen();
+    return screen &&
+           IsHighDPIScreen(screen->availableGeometry().size(), int(screen->logicalDotsPerInchY()));
+}
+
 void TFormPinned::DecideScale() {
-    bool scaled = false;
-    if (QScreen* screen = QGuiApplication::primaryScreen())
-        scaled =
-            IsHighDPIScreen(screen->availableGeometry().size(), int(screen->logicalDotsPerInchY()));
-    if (FirstArgumentIs(arguments_, "/Scale")) scaled = true;
+    const bool scaled = ScaleWanted();
     SetScaleEnabled(scaled);
     SkinRccFile = ChooseSkinRccFile(scaled, ProgramFolder());
     SkinStyle1->SetSkinRccFile(SkinRccFile);

@@ -67,6 +67,8 @@ protected:
 
 private:
     void DecideScale();
+    // Whether the screen or the command line asks for the doubled interface.
+    bool ScaleWanted() const;
     void ApplyLanguage();
     void ReadOutputDefaults();
     void SizeWindow(const TScreenLayout& screens);

@@ -8,12 +8,12 @@
 
 namespace qpt {
 
-TRdSkinStyle* CreatePinnedSkinStyle(QWidget& form) {
+TRdSkinStyle* CreatePinnedSkinStyle(QWidget& form, const QString& skinRccFile) {
     auto* style = new TRdSkinStyle(&form);
     style->setObjectName(QStringLiteral("SkinStyle1"));
     style->SetRuntimePath(QStringLiteral("skin"));
     style->SetPublicRccFiles({QStringLiteral("public.rcc")});
-    style->SetSkinRccFile(QStringLiteral("classic.rcc"));
+    style->SetSkinRccFile(skinRccFile);
     style->SetMainSkin(true);
     style->Loaded();
     return style;
