@@ -1,6 +1,6 @@
 #include "imaging/encode/IEGifEncoder.h"
 
-#include <gif_lib.h>
+#include "imaging/encode/IECodecLibraries.h"
 
 #include <algorithm>
 
@@ -16,27 +16,28 @@ int Output(GifFileType* gif, const GifByteType* data, int length) {
 }
 
 // GIF palettes hold a power of two of entries, at least two.
-ColorMapObject* ColourMap(const std::vector<TIEPaletteColour>& palette) {
+ColorMapObject* ColourMap(const TIEGifCalls& gifLib, const std::vector<TIEPaletteColour>& palette) {
     int bits = 1;
     while ((1 << bits) < int(palette.size()))
         ++bits;
     std::vector<GifColorType> colours(size_t(1) << bits, GifColorType{0, 0, 0});
     for (size_t i = 0; i < palette.size(); ++i)
         colours[i] = {palette[i].R, palette[i].G, palette[i].B};
-    return GifMakeMapObject(int(colours.size()), colours.data());
+    return gifLib.MakeMapObject(int(colours.size()), colours.data());
 }
 
-bool WriteFrame(GifFileType* gif, const TIEIndexedPicture& picture, ColorMapObject* map) {
-    if (EGifPutScreenDesc(gif, picture.Width, picture.Height, map->BitsPerPixel, 0, map) ==
+bool WriteFrame(const TIEGifCalls& gifLib, GifFileType* gif, const TIEIndexedPicture& picture,
+                ColorMapObject* map) {
+    if (gifLib.PutScreenDesc(gif, picture.Width, picture.Height, map->BitsPerPixel, 0, map) ==
             GIF_ERROR ||
-        EGifPutImageDesc(gif, 0, 0, picture.Width, picture.Height, false, nullptr) == GIF_ERROR)
+        gifLib.PutImageDesc(gif, 0, 0, picture.Width, picture.Height, false, nullptr) == GIF_ERROR)
         return false;
     // giflib masks the line it is given in place, so it gets a copy.
     std::vector<GifPixelType> row(size_t(picture.Width));
     for (int y = 0; y < picture.Height; ++y) {
         const auto first = picture.Indices.begin() + ptrdiff_t(y) * picture.Width;
         std::copy(first, first + picture.Width, row.begin());
-        if (EGifPutLine(gif, row.data(), picture.Width) == GIF_ERROR) return false;
+        if (gifLib.PutLine(gif, row.data(), picture.Width) == GIF_ERROR) return false;
     }
     return true;
 }
@@ -48,19 +49,21 @@ bool IEEncodeGif(const TIEIndexedPicture& picture, TIEByteSink& sink) {
         picture.Height > kMaxSide || picture.Palette.empty() || picture.Palette.size() > 256 ||
         picture.Indices.size() != size_t(picture.Width) * size_t(picture.Height))
         return false;
+    const TIEGifCalls* gifLib = IEGifCalls();
+    if (!gifLib) return false;
     int error = 0;
-    GifFileType* gif = EGifOpen(&sink, Output, &error);
+    GifFileType* gif = gifLib->Open(&sink, Output, &error);
     if (!gif) return false;
     ColorMapObject* map = nullptr;
     bool written = false;
     try {
-        map = ColourMap(picture.Palette);
-        written = map && WriteFrame(gif, picture, map);
+        map = ColourMap(*gifLib, picture.Palette);
+        written = map && WriteFrame(*gifLib, gif, picture, map);
     } catch (const std::bad_alloc&) {  // the file handle below must still be closed
         written = false;
     }
-    GifFreeMapObject(map);
-    const bool closed = EGifCloseFile(gif, &error) != GIF_ERROR;
+    gifLib->FreeMapObject(map);
+    const bool closed = gifLib->CloseFile(gif, &error) != GIF_ERROR;
     return written && closed && !sink.Failed();
 }
 

@@ -1,10 +1,6 @@
 #include "imaging/encode/IEJpegEncoder.h"
 
-// jpeglib.h needs size_t and FILE declared before it.
-#include <cstddef>
-#include <cstdio>
-//
-#include <jpeglib.h>
+#include "imaging/encode/IECodecLibraries.h"
 
 #include <algorithm>
 #include <csetjmp>
@@ -72,27 +68,27 @@ J_COLOR_SPACE ColourSpaceOf(TIEPixelLayout layout) {
     return JCS_EXT_BGR;
 }
 
-bool Compress(jpeg_compress_struct& cinfo, TJpegContext& context, const TIEPixelView& view,
-              int quality) {
+bool Compress(const TIEJpegCalls& jpeg, jpeg_compress_struct& cinfo, TJpegContext& context,
+              const TIEPixelView& view, int quality) {
     if (setjmp(context.Jump)) return false;
-    jpeg_create_compress(&cinfo);
+    jpeg.CreateCompress(&cinfo, JPEG_LIB_VERSION, sizeof(cinfo));
     cinfo.dest = &context.Destination;
     cinfo.image_width = JDIMENSION(view.Width);
     cinfo.image_height = JDIMENSION(view.Height);
     cinfo.input_components = IEBytesPerPixel(view.Layout);
     cinfo.in_color_space = ColourSpaceOf(view.Layout);
-    jpeg_set_defaults(&cinfo);
-    jpeg_set_quality(&cinfo, std::clamp(quality, 1, 100), TRUE);
-    jpeg_start_compress(&cinfo, TRUE);
+    jpeg.set_defaults(&cinfo);
+    jpeg.set_quality(&cinfo, std::clamp(quality, 1, 100), TRUE);
+    jpeg.start_compress(&cinfo, TRUE);
     JSAMPROW rows[kRowsPerCall];
     while (cinfo.next_scanline < cinfo.image_height) {
         const int first = int(cinfo.next_scanline);
         const int count = std::min(kRowsPerCall, view.Height - first);
         for (int i = 0; i < count; ++i)
             rows[i] = const_cast<JSAMPROW>(view.Row(first + i));
-        jpeg_write_scanlines(&cinfo, rows, JDIMENSION(count));
+        jpeg.write_scanlines(&cinfo, rows, JDIMENSION(count));
     }
-    jpeg_finish_compress(&cinfo);
+    jpeg.finish_compress(&cinfo);
     return true;
 }
 
@@ -101,18 +97,20 @@ bool Compress(jpeg_compress_struct& cinfo, TJpegContext& context, const TIEPixel
 bool IEEncodeJpeg(const TIEPixelView& view, int quality, TIEByteSink& sink) {
     if (!view.Valid() || view.Width > JPEG_MAX_DIMENSION || view.Height > JPEG_MAX_DIMENSION)
         return false;
+    const TIEJpegCalls* jpeg = IEJpegCalls();
+    if (!jpeg) return false;
     auto context = std::make_unique<TJpegContext>();
     context->Sink = &sink;
     context->Destination.init_destination = OnInit;
     context->Destination.empty_output_buffer = OnFull;
     context->Destination.term_destination = OnTerm;
     jpeg_compress_struct cinfo{};
-    cinfo.err = jpeg_std_error(&context->Error);
+    cinfo.err = jpeg->std_error(&context->Error);
     context->Error.error_exit = OnError;
     context->Error.output_message = OnMessage;
     cinfo.client_data = context.get();
-    const bool written = Compress(cinfo, *context, view, quality);
-    jpeg_destroy_compress(&cinfo);
+    const bool written = Compress(*jpeg, cinfo, *context, view, quality);
+    jpeg->destroy_compress(&cinfo);
     return written && !sink.Failed();
 }
 

@@ -1,6 +1,6 @@
 #include "imaging/encode/IETiffEncoder.h"
 
-#include <tiffio.h>
+#include "imaging/encode/IECodecLibraries.h"
 
 #include <algorithm>
 #include <cstring>
@@ -66,42 +66,42 @@ int OnMessage(TIFF*, void*, const char*, const char*, va_list) {
     return 1;
 }
 
-TIFF* OpenInMemory(TMemoryFile& file) {
-    TIFFOpenOptions* options = TIFFOpenOptionsAlloc();
+TIFF* OpenInMemory(const TIETiffCalls& tiff, TMemoryFile& file) {
+    TIFFOpenOptions* options = tiff.OpenOptionsAlloc();
     if (!options) return nullptr;
-    TIFFOpenOptionsSetErrorHandlerExtR(options, OnMessage, nullptr);
-    TIFFOpenOptionsSetWarningHandlerExtR(options, OnMessage, nullptr);
-    TIFF* tif = TIFFClientOpenExt("memory", "w", &file, OnRead, OnWrite, OnSeek, OnClose, OnSize,
-                                  OnMap, OnUnmap, options);
-    TIFFOpenOptionsFree(options);
+    tiff.OpenOptionsSetErrorHandlerExtR(options, OnMessage, nullptr);
+    tiff.OpenOptionsSetWarningHandlerExtR(options, OnMessage, nullptr);
+    TIFF* tif = tiff.ClientOpenExt("memory", "w", &file, OnRead, OnWrite, OnSeek, OnClose, OnSize,
+                                   OnMap, OnUnmap, options);
+    tiff.OpenOptionsFree(options);
     return tif;
 }
 
-bool SetFields(TIFF* tif, const TIEPixelView& view, TIEAlphaOut alpha) {
+bool SetFields(const TIETiffCalls& tiff, TIFF* tif, const TIEPixelView& view, TIEAlphaOut alpha) {
     const uint16_t samples = uint16_t(IEChannelsOut(alpha));
-    bool ok = TIFFSetField(tif, TIFFTAG_IMAGEWIDTH, uint32_t(view.Width)) &&
-              TIFFSetField(tif, TIFFTAG_IMAGELENGTH, uint32_t(view.Height)) &&
-              TIFFSetField(tif, TIFFTAG_BITSPERSAMPLE, 8) &&
-              TIFFSetField(tif, TIFFTAG_SAMPLESPERPIXEL, samples) &&
-              TIFFSetField(tif, TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_RGB) &&
-              TIFFSetField(tif, TIFFTAG_PLANARCONFIG, PLANARCONFIG_CONTIG) &&
-              TIFFSetField(tif, TIFFTAG_COMPRESSION, COMPRESSION_LZW) &&
-              TIFFSetField(tif, TIFFTAG_PREDICTOR, PREDICTOR_HORIZONTAL) &&
-              TIFFSetField(tif, TIFFTAG_ROWSPERSTRIP, TIFFDefaultStripSize(tif, 0));
+    bool ok = tiff.SetField(tif, TIFFTAG_IMAGEWIDTH, uint32_t(view.Width)) &&
+              tiff.SetField(tif, TIFFTAG_IMAGELENGTH, uint32_t(view.Height)) &&
+              tiff.SetField(tif, TIFFTAG_BITSPERSAMPLE, 8) &&
+              tiff.SetField(tif, TIFFTAG_SAMPLESPERPIXEL, samples) &&
+              tiff.SetField(tif, TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_RGB) &&
+              tiff.SetField(tif, TIFFTAG_PLANARCONFIG, PLANARCONFIG_CONTIG) &&
+              tiff.SetField(tif, TIFFTAG_COMPRESSION, COMPRESSION_LZW) &&
+              tiff.SetField(tif, TIFFTAG_PREDICTOR, PREDICTOR_HORIZONTAL) &&
+              tiff.SetField(tif, TIFFTAG_ROWSPERSTRIP, tiff.DefaultStripSize(tif, 0));
     if (ok && samples == 4) {
         const uint16_t extra[] = {EXTRASAMPLE_UNASSALPHA};
-        ok = TIFFSetField(tif, TIFFTAG_EXTRASAMPLES, 1, extra);
+        ok = tiff.SetField(tif, TIFFTAG_EXTRASAMPLES, 1, extra);
     }
     return ok;
 }
 
-bool WriteRows(TIFF* tif, const TIEPixelView& view, TIEAlphaOut alpha) {
+bool WriteRows(const TIETiffCalls& tiff, TIFF* tif, const TIEPixelView& view, TIEAlphaOut alpha) {
     // The predictor works in place, so each row is converted into a buffer
     // of ours even where the layout would already fit.
     std::vector<uint8_t> row(size_t(view.Width) * size_t(IEChannelsOut(alpha)));
     for (int y = 0; y < view.Height; ++y) {
         IERowToRgb(view, y, alpha, row.data());
-        if (TIFFWriteScanline(tif, row.data(), uint32_t(y), 0) < 0) return false;
+        if (tiff.WriteScanline(tif, row.data(), uint32_t(y), 0) < 0) return false;
     }
     return true;
 }
@@ -109,18 +109,19 @@ bool WriteRows(TIFF* tif, const TIEPixelView& view, TIEAlphaOut alpha) {
 }  // namespace
 
 bool IEEncodeTiff(const TIEPixelView& view, TIEAlphaOut alpha, TIEByteSink& sink) {
-    if (!view.Valid()) return false;
+    const TIETiffCalls* tiff = IETiffCalls();
+    if (!view.Valid() || !tiff) return false;
     TMemoryFile file;
-    TIFF* tif = OpenInMemory(file);
+    TIFF* tif = OpenInMemory(*tiff, file);
     if (!tif) return false;
     bool written = false;
     try {
-        written =
-            SetFields(tif, view, alpha) && WriteRows(tif, view, alpha) && TIFFWriteDirectory(tif);
+        written = SetFields(*tiff, tif, view, alpha) && WriteRows(*tiff, tif, view, alpha) &&
+                  tiff->WriteDirectory(tif);
     } catch (const std::bad_alloc&) {
         written = false;
     }
-    TIFFClose(tif);
+    tiff->Close(tif);
     return written && !file.Failed && sink.Write(file.Bytes.data(), file.Bytes.size());
 }
 
