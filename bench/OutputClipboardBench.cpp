@@ -113,8 +113,9 @@ void DrawOn(qpt::TIEImageView& view, int64_t marks) {
     view.Layers().Background().Bitmap()->Assign(Screenshot());
     view.Layers().Background().FitToBitmap();
     for (int64_t i = 0; i < marks; ++i) {
+        const auto n = static_cast<qreal>(i);
         auto* mark = static_cast<qpt::TIEShapeLayer*>(view.Layers().LayersAdd(
-            qpt::ielkShape, QPointF(100 + 300 * i, 100 + 150 * i), QSizeF(600, 400), false));
+            qpt::ielkShape, QPointF(100 + 300 * n, 100 + 150 * n), QSizeF(600, 400), false));
         mark->Shape = qpt::iesRectangle;
         mark->BorderColor = 0x0000FF;
         mark->Changed();
