@@ -1,13 +1,12 @@
 #include "support/ProductStat.h"
 
-#include <dlfcn.h>
-
 #include <QFileInfo>
 #include <string>
 
 #include "support/DebugOutput.h"
 #include "support/MainIni.h"
 #include "support/Paths.h"
+#include "support/loader/SharedLibrary.h"
 
 namespace qpt {
 
@@ -26,21 +25,21 @@ QString LibraryPath(const QString& fileName) {
 }  // namespace
 
 bool TProductStat::Load(const QString& fileName) {
-    if (handle_) return true;
+    if (loaded_) return true;
     const QByteArray path = QFile::encodeName(LibraryPath(fileName));
     // The library stays loaded for the life of the process: reports may still
     // be under way inside it when the process ends.
-    handle_ = dlopen(path.constData(), RTLD_NOW | RTLD_LOCAL);
-    if (!handle_) {
-        const char* reason = dlerror();
+    const TSharedLibrary library(path.constData());
+    if (!library.Loaded()) {
         DebugOutput(QStringLiteral("LoadSP Failed. ") +
-                    QString::fromLocal8Bit(reason ? reason : ""));
+                    QString::fromLocal8Bit(library.Error().c_str()));
         return false;
     }
     // Only the two entry points this program calls are looked up; either may
     // be missing.
-    setStatParam_ = reinterpret_cast<SetStatParamFn>(dlsym(handle_, "SetStatParam"));
-    doStatistic_ = reinterpret_cast<DoStatisticFn>(dlsym(handle_, "DoStatistic"));
+    library.Find("SetStatParam", setStatParam_);
+    library.Find("DoStatistic", doStatistic_);
+    loaded_ = true;
     return true;
 }
 

@@ -19,7 +19,7 @@ public:
     // Loads the library once; later calls keep the first one. The bare library
     // name means the copy in the program folder. False when it cannot load.
     bool Load(const QString& fileName);
-    bool IsLoaded() const { return handle_ != nullptr; }
+    bool IsLoaded() const { return loaded_; }
 
     void SetParam(const QString& product, const QString& version, const QString& language,
                   const QString& url);
@@ -40,7 +40,7 @@ private:
     using DoStatisticFn = int32_t (*)(const char16_t*, const char16_t*, int32_t, int32_t, int32_t,
                                       int32_t);
 
-    void* handle_ = nullptr;
+    bool loaded_ = false;
     SetStatParamFn setStatParam_ = nullptr;
     DoStatisticFn doStatistic_ = nullptr;
     QString sentOnce_;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 namespace qpt {
 
 // A library opened by its run-time name when a path that needs it is first
@@ -12,6 +14,8 @@ public:
     explicit TSharedLibrary(const char* soname);
 
     bool Loaded() const { return Handle != nullptr; }
+    // Why the library could not be opened, as the loader put it.
+    const std::string& Error() const { return error_; }
 
     // Sets call to the library's function of that name; false, with call
     // null, when the library is missing or lacks it.
@@ -25,6 +29,7 @@ private:
     void* Symbol(const char* name) const;
 
     void* Handle;
+    std::string error_;
 };
 
 }  // namespace qpt

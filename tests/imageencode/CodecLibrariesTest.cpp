@@ -15,6 +15,7 @@ int Marker(int) {
 TEST(SharedLibraryTest, AMissingLibraryLoadsNothingAndFindsNothing) {
     const TSharedLibrary library(kMissing);
     EXPECT_FALSE(library.Loaded());
+    EXPECT_NE(library.Error().find(kMissing), std::string::npos) << library.Error();
     // A call left over from before must not survive a failed look-up.
     int (*call)(int) = Marker;
     EXPECT_FALSE(library.Find("abs", call));
