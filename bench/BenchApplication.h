@@ -37,7 +37,7 @@ TApplication& EnsureBenchApplication(const TBenchPlatform& platform = {}) {
     static TApplication* made = nullptr;
     if (made) return *made;
     if (QCoreApplication::instance()) qFatal("the bench asked for two kinds of application");
-    QByteArray spec = platform.Name;
+    QByteArray argument = platform.Name;
     if (!platform.Screens.isEmpty()) {
         // The platform reads the file while the application starts, so a
         // folder that lives as long as the process is enough.
@@ -47,9 +47,9 @@ TApplication& EnsureBenchApplication(const TBenchPlatform& platform = {}) {
             file.write(platform.Screens) != platform.Screens.size())
             qFatal("the bench cannot write its screen configuration");
         file.close();
-        spec += ":configfile=" + QFile::encodeName(file.fileName());
+        argument += ":configfile=" + QFile::encodeName(file.fileName());
     }
-    qputenv("QT_QPA_PLATFORM", spec);
+    qputenv("QT_QPA_PLATFORM", argument);
     made = new TApplication(argc, argv);
     return *made;
 }

@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "bench/BenchApplication.h"
+#include "bench/BenchPicture.h"
 #include "imaging/IEImageLayer.h"
 #include "imaging/IELayerList.h"
 #include "imaging/IEPolylineLayer.h"
@@ -20,17 +21,9 @@ namespace {
 
 constexpr int kW = 3840, kH = 2160, kLayers = 50;
 
-// A screenshot-like picture: smooth gradients with some texture.
 void FillPicture(TIEBitmap& picture) {
     picture.Allocate(kW, kH, ie24RGB);
-    for (int y = 0; y < kH; ++y) {
-        uint8_t* row = picture.Scanline(y);
-        for (int x = 0; x < kW; ++x) {
-            row[3 * x] = uint8_t(x / 15);
-            row[3 * x + 1] = uint8_t(y / 9);
-            row[3 * x + 2] = uint8_t((x ^ y) & 0x3F);
-        }
-    }
+    bench::FillScreenshotLike(kW, kH, [&](int y) { return picture.Scanline(y); });
 }
 
 QPointF LayerPlace(int i) {

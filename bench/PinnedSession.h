@@ -11,6 +11,7 @@
 #include "app/FormPinned.h"
 #include "app/FormSequence.h"
 #include "bench/BenchApplication.h"
+#include "bench/BenchPicture.h"
 #include "support/MainIni.h"
 #include "support/Paths.h"
 #include "tests/common/ScratchHome.h"
@@ -20,17 +21,9 @@ namespace qpt::bench {
 
 constexpr int kW = 3840, kH = 2160;
 
-// A screenshot-like picture: smooth gradients with some texture.
 inline QImage Picture() {
     QImage image(kW, kH, QImage::Format_RGB888);
-    for (int y = 0; y < kH; ++y) {
-        uchar* row = image.scanLine(y);
-        for (int x = 0; x < kW; ++x) {
-            row[3 * x] = uchar(x / 15);
-            row[3 * x + 1] = uchar(y / 9);
-            row[3 * x + 2] = uchar((x ^ y) & 0x3F);
-        }
-    }
+    FillScreenshotLike(kW, kH, [&](int y) { return image.scanLine(y); });
     return image;
 }
 
