@@ -108,7 +108,8 @@ void TIEViewBlit::Paint(QPainter& painter, TIEBitmap& back, const QRect& area) {
     const TDirectTarget target = DirectTarget(painter);
     if (!target.image) return PaintThroughStrips(painter, back, area);
     const QPoint o = target.origin;
-    for (const QRect& r : target.allowed& area.translated(o))
+    const QRegion painted = target.allowed.intersected(area.translated(o));
+    for (const QRect& r : painted)
         for (int y = r.top(); y <= r.bottom(); ++y)
             IEWidenBgrRow(back.Scanline(y - o.y()) + 3 * (r.left() - o.x()),
                           reinterpret_cast<uint32_t*>(target.image->scanLine(y)) + r.left(),
