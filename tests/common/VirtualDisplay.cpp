@@ -1,13 +1,13 @@
 #include "tests/common/VirtualDisplay.h"
 
-#include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <string>
-#include <vector>
+
+#include "tests/common/ProgramRun.h"
 
 namespace qpt::testing {
 
@@ -25,31 +25,12 @@ QString ReadDisplayNumber(int fd) {
     return number.empty() ? QString() : ':' + QString::fromStdString(number);
 }
 
-// Runs a program to its end, its reports on standard output dropped; true
-// when it exits with 0.
-bool Run(const std::vector<std::string>& arguments) {
-    std::vector<char*> argv;
-    for (const std::string& argument : arguments)
-        argv.push_back(const_cast<char*>(argument.c_str()));
-    argv.push_back(nullptr);
-    const pid_t pid = ::fork();
-    if (pid == 0) {
-        const int null = ::open("/dev/null", O_WRONLY);
-        if (null >= 0) ::dup2(null, STDOUT_FILENO);
-        ::execvp(argv[0], argv.data());
-        ::_exit(127);
-    }
-    int status = 0;
-    return pid > 0 && ::waitpid(pid, &status, 0) == pid && WIFEXITED(status) &&
-           WEXITSTATUS(status) == 0;
-}
-
 // A monitor as the server is told it: width/millimetres x height/millimetres
 // + x + y, at 96 dots per inch.
-std::string MonitorGeometry(const QRect& r) {
-    const auto mm = [](int pixels) { return std::to_string(pixels * 254 / 960); };
-    return std::to_string(r.width()) + '/' + mm(r.width()) + 'x' + std::to_string(r.height()) +
-           '/' + mm(r.height()) + '+' + std::to_string(r.x()) + '+' + std::to_string(r.y());
+QString MonitorGeometry(const QRect& r) {
+    const auto mm = [](int pixels) { return pixels * 254 / 960; };
+    return QString::asprintf("%d/%dx%d/%d+%d+%d", r.width(), mm(r.width()), r.height(),
+                             mm(r.height()), r.x(), r.y());
 }
 
 }  // namespace
@@ -71,12 +52,13 @@ VirtualDisplay::VirtualDisplay(const QList<QRect>& monitors) {
 // have no output of their own. The server keeps them because it never
 // resets (-noreset): at a reset, when its last client leaves, they would go.
 bool VirtualDisplay::SetMonitors(const QList<QRect>& monitors) {
-    std::vector<std::string> xrandr{"xrandr", "-display", name_.toStdString()};
+    QStringList arguments{"-display", name_};
     for (int i = 0; i < monitors.size(); ++i) {
-        xrandr.insert(xrandr.end(), {"--setmonitor", (i == 0 ? "*M" : "M") + std::to_string(i),
-                                     MonitorGeometry(monitors[i]), i == 0 ? "screen" : "none"});
+        arguments << "--setmonitor" << (i == 0 ? "*M" : "M") + QString::number(i)
+                  << MonitorGeometry(monitors[i]) << (i == 0 ? "screen" : "none");
     }
-    return Run(xrandr);
+    const ProgramRun run = RunProgram(QStringLiteral("xrandr"), arguments);
+    return run.finished && run.exitCode == 0;
 }
 
 void VirtualDisplay::Start(int width, int height) {
